@@ -1,0 +1,121 @@
+#include "core/DoseEstimates.h"
+
+#include <cmath>
+#include <utility>
+
+#include "core/Fault.h"
+#include "core/NumberText.h"
+
+namespace morvane {
+namespace {
+
+struct FormatLevels {
+    double upper;       // above this: exponent pattern
+    double lower;       // below this: exponent pattern
+    const char* huge;   // the exponent pattern
+    const char* below0001;
+    const char* below001;
+    const char* below1;
+    const char* otherwise;
+};
+
+void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
+    const double v = shared.WorkValue;
+    if (v == 0) return;  // WorkText keeps what it had; callers depend on it
+    const char* pattern = levels.otherwise;
+    if (v > levels.upper || v < levels.lower) {
+        pattern = levels.huge;
+    } else if (v < 0.0001) {
+        pattern = levels.below0001;
+    } else if (v < 0.01) {
+        pattern = levels.below001;
+    } else if (v < 1) {
+        pattern = levels.below1;
+    }
+    shared.WorkText = FormatNumber(v, pattern);
+}
+
+// A limit on the log scale brought back to the user's units and rounded to four
+// decimals. Returns false when the power of ten overflows.
+bool LimitFromLog(double logLimit, std::int32_t doseScale, double& limit) {
+    const double power = PowerOfTen(logLimit);
+    if (std::isinf(power)) return false;
+    limit = NumberOf(FormatNumber(power / doseScale, "0.0000"));
+    return true;
+}
+
+}  // namespace
+
+void EstimateAtPercent(SharedRegisters& shared) {
+    const FitResult& fit = shared.fit;
+    shared.WorkValue = NumberOf(shared.probit.PercentToProbit(PlainText(shared.WorkValue)));
+    // A slope of 0 makes the division fail; the steps that need its result are
+    // skipped and the later steps work with the probit still in WorkValue.
+    if (fit.Slope != 0) {
+        const double m = (shared.WorkValue - fit.MeanProbit + fit.Slope * fit.MeanLogDose) / fit.Slope;
+        shared.LogEstimate = m;
+        shared.WorkValue = PowerOfTen(m);
+        if (std::isinf(shared.WorkValue)) {
+            shared.WorkValue = 0;
+            return;
+        }
+    }
+    shared.WorkValue = shared.WorkValue / fit.DoseScale;
+    shared.WorkValue = NumberOf(FormatNumber(shared.WorkValue, "0.0000"));
+    shared.UpperLimit = 0;
+    shared.LowerLimit = 0;
+    if (fit.GValue < 0.4) FiducialLimits(shared);
+}
+
+void FiducialLimits(SharedRegisters& shared) {
+    const FitResult& fit = shared.fit;
+    const double m = shared.LogEstimate;
+    const double g = fit.GValue;
+    const double b = fit.Slope;
+    const double distance = m - fit.MeanLogDose;
+    // The factor h stands on the second term only.
+    const double s = std::sqrt(distance * distance / fit.SumSquaresLogDose +
+                               ((1 - g) / fit.SumWeights) * fit.HeterogeneityFactor);
+    const double e = (fit.TValue / ((1 - g) * b)) * s;
+    const double c = (g / (1 - g)) * distance + m;
+    shared.UpperLimit = c + e;
+    shared.LowerLimit = c - e;
+    if (b < 0) std::swap(shared.UpperLimit, shared.LowerLimit);
+    // An overflowing power ends the routine where it stands, as an error inside the
+    // estimate would: the limits keep what they hold at that point.
+    double upper = 0, lower = 0;
+    if (!LimitFromLog(shared.UpperLimit, fit.DoseScale, upper)) return;
+    shared.UpperLimit = upper;
+    if (!LimitFromLog(shared.LowerLimit, fit.DoseScale, lower)) return;
+    shared.LowerLimit = lower;
+}
+
+bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {
+    const FitResult& fit = shared.fit;
+    const double x = shared.WorkValue * fit.DoseScale;
+    if (!(x > 0)) throw Fault("the dose " + PlainText(shared.WorkValue) + " has no logarithm");
+    const double logDose = Log10(x);
+    const double y = fit.Slope * logDose + fit.MeanProbit - fit.MeanLogDose * fit.Slope;
+    shared.WorkValue = y;
+    const std::string& percent = shared.probit.ProbitToPercent(PlainText(y));
+    if (percent == "out of scale") {
+        port.tell("This value is out of scale");
+        return false;
+    }
+    shared.WorkValue = NumberOf(percent);
+    return true;
+}
+
+void FormatEstimate(SharedRegisters& shared) {
+    ApplyFormat(shared, {99999, 0.00001, "00000E+0", "0.000000", "0.0000", "0.000", "0.000"});
+}
+
+void FormatTwoLevels(SharedRegisters& shared) {
+    ApplyFormat(shared, {99999, 0.00001, "00000E+0", "0.00000", "0.0000", "0.000", "0.000"});
+}
+
+void FormatFourLevels(SharedRegisters& shared) {
+    ApplyFormat(shared, {999999, 0.000001, "0E+0", "0.000000", "0.0000", "0.00", "0"});
+}
+
+}  // namespace morvane

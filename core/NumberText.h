@@ -1,0 +1,54 @@
+#pragma once
+// Numbers as text: the one place where Morvane turns doubles into the texts that
+// grid cells, labels and files hold, and those texts back into doubles.
+//
+// The figures of a probit analysis depend on where a number passes through text and
+// how it is rounded there, so every module writes and reads numbers through these
+// functions and no other.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/Fault.h"
+
+namespace morvane {
+
+// Plain text of a double: rounded to 15 significant digits (correct rounding of the
+// binary value), trailing zeros dropped. Plain decimal form ("0.5", "-12.25", "0")
+// unless that would need more than 15 digits, then exponent form such as
+// "3.33333333333333E-04" or "1E+15".
+std::string PlainText(double value);
+
+// The same 15-digit value always in plain decimal form, however many zeros it takes.
+std::string PlainDecimalText(double value);
+
+// A value written through a format pattern. Fixed patterns "0", "0.0" ... "0.000000"
+// give exactly that many decimals, rounded half away from zero on the 15-digit
+// decimal value. Exponent patterns "00000E+0" and "0E+0" give a whole mantissa of
+// that many digits, "E", a sign and the exponent: 1234567 gives "12346E+2".
+std::string FormatNumber(double value, std::string_view pattern);
+
+// Text to number, the standard conversion: optional blanks, an optional sign, digits
+// with an optional decimal point, an optional exponent. Empty or anything else: none.
+std::optional<double> ParseNumber(std::string_view text);
+
+// The number of a text that must hold one; throws Fault otherwise.
+double NumberOf(std::string_view text);
+
+// The number of a text that reads as 0 when it is empty; throws when it holds
+// something else that is not a number.
+double NumberOrZero(std::string_view text);
+
+// Whole number nearest to the value, halves to the even neighbour (100.5 -> 100,
+// 101.5 -> 102). Returns none when the result does not fit in 32 bits.
+std::optional<std::int32_t> RoundHalfEven32(double value);
+
+// log10 as the program takes it, ln(x) / ln(10): the last digits depend on it.
+double Log10(double x);
+
+// 10 to the power m, from the power function.
+double PowerOfTen(double m);
+
+}  // namespace morvane

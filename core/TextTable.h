@@ -1,0 +1,107 @@
+#pragma once
+// The text-table model behind every grid of Morvane: rows and columns of cell texts
+// with per-cell colours, alignment and picture, per-column width and alignment and
+// per-row height, and a current row and column.
+//
+// The cell text is the data: a number written into a cell, rounded as it was
+// written, is what every later step reads back. Row 0 is the heading row; all row and
+// column numbers are 0-based. Widths and heights are in twips (1440 to the inch);
+// -1 means "the grid's default".
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+struct Color {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+    friend bool operator==(const Color&, const Color&) = default;
+};
+
+inline constexpr Color kRed{255, 0, 0};
+inline constexpr Color kBlack{0, 0, 0};
+inline constexpr Color kWhite{255, 255, 255};
+
+// Cell and column alignments, numbered as the grid control numbers them
+// (0 left-top, 1 left-centre, 2 left-bottom, 3 centre-top, 4 centre-centre ...).
+using Alignment = int;
+
+struct TableCell {
+    std::string text;
+    std::optional<Color> fore;  // none: the grid's default foreground
+    std::optional<Color> back;  // none: the grid's default background
+    std::optional<Alignment> alignment;
+    std::string picture;  // name of a picture shown in the cell, empty for none
+    friend bool operator==(const TableCell&, const TableCell&) = default;
+};
+
+class TextTable {
+public:
+    TextTable() = default;
+    TextTable(int rows, int cols);
+
+    int rows() const { return static_cast<int>(cells_.size()); }
+    int cols() const { return cols_; }
+    // Changing the size keeps the cells that stay and adds empty ones.
+    void setRows(int rows);
+    void setCols(int cols);
+    void addRow();
+    void removeRow(int row);
+    void clear();  // empties every cell, keeps the size
+
+    const std::string& text(int row, int col) const;
+    void setText(int row, int col, std::string text);
+
+    std::optional<Color> fore(int row, int col) const;
+    void setFore(int row, int col, std::optional<Color> color);
+    std::optional<Color> back(int row, int col) const;
+    void setBack(int row, int col, std::optional<Color> color);
+    std::optional<Alignment> cellAlignment(int row, int col) const;
+    void setCellAlignment(int row, int col, std::optional<Alignment> alignment);
+    const std::string& picture(int row, int col) const;
+    void setPicture(int row, int col, std::string picture);
+    const TableCell& cell(int row, int col) const;
+    TableCell& cell(int row, int col);
+
+    int columnWidth(int col) const;
+    void setColumnWidth(int col, int twips);
+    std::optional<Alignment> columnAlignment(int col) const;
+    void setColumnAlignment(int col, std::optional<Alignment> alignment);
+    int rowHeight(int row) const;
+    void setRowHeight(int row, int twips);
+
+    int currentRow() const { return currentRow_; }
+    int currentCol() const { return currentCol_; }
+    void setCurrent(int row, int col);
+
+    // Stable sort of rows first..last (inclusive) by the text of one column,
+    // ascending, case-insensitive: the order the grid's text sort gives.
+    void sortByColumn(int col, int firstRow, int lastRow);
+
+    // The cell texts joined: columns by tab, rows by line feed. For tests and
+    // quick looks, not an export format.
+    std::string dump() const;
+
+    friend bool operator==(const TextTable&, const TextTable&) = default;
+
+private:
+    void checkCell(int row, int col) const;
+
+    int cols_ = 0;
+    std::vector<std::vector<TableCell>> cells_;
+    std::vector<int> rowHeights_;
+    std::vector<int> columnWidths_;
+    std::vector<std::optional<Alignment>> columnAlignments_;
+    int currentRow_ = 0;
+    int currentCol_ = 0;
+};
+
+// Case-insensitive text order of the grid's sort: compares byte by byte with ASCII
+// letters folded to lower case. Returns <0, 0 or >0.
+int CompareTextNoCase(const std::string& a, const std::string& b);
+
+}  // namespace morvane
