@@ -1,0 +1,431 @@
+#include "results/Chart.h"
+
+#include <cmath>
+#include <stdexcept>
+#include <string>
+
+#include "core/DoseEstimates.h"
+#include "core/Fault.h"
+#include "core/NumberText.h"
+
+namespace morvane {
+namespace {
+
+// The probit scale of the paper: 2.67 at the bottom, 2.67 + 4.66 = 7.33 at the top.
+constexpr double kBottomProbit = 2.67;
+constexpr double kProbitSpan = 4.66;
+
+// The design captions of the end labels of the percent axis.
+constexpr const char* kFirstPercentCaption = "1%";
+constexpr const char* kLastPercentCaption = "99%";
+
+// A label parked out of sight to the left of its strip.
+constexpr double kParkedTickLeft = -30;
+constexpr double kParkedDoseLeft = -900;
+
+constexpr const char* kOutOfScale = "This value is out of scale";
+
+}  // namespace
+
+double ChartY(double probit, double plotHeight) {
+    return ((probit - kBottomProbit) / kProbitSpan) * plotHeight;
+}
+
+double LineLogDose(double probit, const FitResult& fit) {
+    return ((probit - fit.MeanProbit) + fit.MeanLogDose * fit.Slope) / fit.Slope;
+}
+
+int AutoCycles(double slope) {
+    const double b = std::fabs(slope);
+    if (b > 0.95)
+        return 3;
+    if (b > 0.5)
+        return 5;
+    if (b > 0.3)
+        return 7;
+    if (b > 0.2)
+        return 9;
+    if (b > 0.15)
+        return 11;
+    return 15;
+}
+
+double ChartFloor(double value) {
+    const auto rounded = RoundHalfEven32(value);
+    if (!rounded)
+        throw Fault("a log dose of the chart is out of range");
+    double whole = *rounded;
+    if (whole > value)
+        whole -= 1;
+    return whole;
+}
+
+LogProbitChart::LogProbitChart(const TextTable& grid1, SharedRegisters& shared)
+    : grid1_(grid1), shared_(shared) {
+    for (auto& label : label7_) {
+        label = ChartLabel{"l", kParkedTickLeft, 0, kTickWidth, kTickHeight};
+    }
+    for (auto& label : label8_) {
+        label = ChartLabel{"", kParkedDoseLeft, kDoseLabelTop, kDoseLabelWidth, kDoseLabelHeight};
+    }
+    label10_ = ChartLabel{"", 0, kDoseLabelTop, kDoseLabelWidth, kDoseLabelHeight};
+    label11_ = label10_;
+    for (auto& label : label12_) {
+        label = ChartLabel{"", 0, 0, kPercentLabelWidth, kPercentLabelHeight};
+    }
+    label12_.front().caption = kFirstPercentCaption;
+    label12_.back().caption = kLastPercentCaption;
+    for (auto& label : label13_) {
+        label = ChartLabel{"", 0, 0, kProbitLabelWidth, kProbitLabelHeight};
+    }
+}
+
+void LogProbitChart::setPlotSize(double width, double height) {
+    nextPlotWidth_ = width;
+    nextPlotHeight_ = height;
+    drawing_.setSize(width, height);
+}
+
+double LogProbitChart::probitOf(const std::string& percentText) {
+    return NumberOf(shared_.probit.PercentToProbit(percentText));
+}
+
+double LogProbitChart::xOfLogDose(double logDose) const {
+    return (logDose - logOrigin_ + cycleShift_) * cycleWidth_;
+}
+
+void LogProbitChart::SetXAxis() {
+    const FitResult& fit = shared_.fit;
+    cycleShift_ = 0;
+    // The decade of the first dose.
+    firstLogFloor_ = ChartFloor(NumberOf(grid1_.text(1, 2)));
+    if (adjustRange_) {
+        // The lower end of the line: the smaller percent on a rising line, the
+        // larger on a falling one.
+        const std::string& lowText = fit.Slope > 0 ? lowPercent_ : highPercent_;
+        const double low = ChartFloor(LineLogDose(probitOf(lowText), fit));
+        cycleShift_ = firstLogFloor_ - low;
+    }
+
+    const double leftEnd = fit.DoseScale > 1 ? (1.0 / fit.DoseScale) / PowerOfTen(cycleShift_)
+                                             : PowerOfTen(firstLogFloor_ - cycleShift_);
+    // The labels are the format rule's text; a value of 0 would leave the text of
+    // the call before, as the rule does.
+    shared_.WorkValue = leftEnd;
+    FormatFourLevels(shared_);
+    label10_.caption = shared_.WorkText;
+    for (int i = 0; i < kDoseLabels; ++i) {
+        shared_.WorkValue = PowerOfTen(i + 1) * leftEnd;
+        FormatFourLevels(shared_);
+        label8_[static_cast<std::size_t>(i)].caption = shared_.WorkText;
+    }
+
+    int n = 0;
+    if (autoCycles_) {
+        n = AutoCycles(fit.Slope);
+        cyclesText_ = std::to_string(n);
+    } else {
+        const double chosen = NumberOf(cyclesText_);
+        if (!(chosen >= 1 && chosen <= kDoseLabels + 1))
+            throw Fault("the number of cycles " + cyclesText_ + " is out of range");
+        n = static_cast<int>(chosen);
+    }
+    cycles_ = n;
+    cycleWidth_ = plotWidth_ / n;
+
+    for (int i = 0; i < kDoseLabels; ++i) {
+        label7_[static_cast<std::size_t>(i)].left = kParkedTickLeft;
+        label8_[static_cast<std::size_t>(i)].left = kParkedDoseLeft;
+    }
+    for (int i = 0; i <= n - 2 && i < kDoseLabels; ++i) {
+        const double x = (i + 1) * cycleWidth_;
+        ChartLabel& tick = label7_[static_cast<std::size_t>(i)];
+        tick.top = plotHeight_ - 70;
+        tick.left = x - tick.width / 2;
+        ChartLabel& dose = label8_[static_cast<std::size_t>(i)];
+        dose.left = x - dose.width / 2 + kDoseStripOffset;
+    }
+
+    // An odd number of cycles from 9 on would crowd the right end: its label goes.
+    if (n % 2 == 1 && n >= 9) {
+        label11_.caption.clear();
+    } else {
+        shared_.WorkValue = PowerOfTen(n) * leftEnd;
+        FormatFourLevels(shared_);
+        label11_.caption = shared_.WorkText;
+    }
+    // From ten cycles on only every other inner label is shown.
+    if (n > 9) {
+        for (int i = 0; i <= n - 2 && i < kDoseLabels; i += 2) {
+            label8_[static_cast<std::size_t>(i)].caption.clear();
+        }
+    }
+    label11_.left = plotWidth_ - label11_.width / 2 + kDoseStripOffset;
+    label10_.left = kDoseStripOffset - label10_.width / 2;
+
+    PlaceYLabels();
+}
+
+void LogProbitChart::PlaceYLabels() {
+    // The percent strip begins 75 twips above the plot.
+    for (int i = 1; i <= 9; ++i) {
+        ChartLabel& label = label12_[static_cast<std::size_t>(i)];
+        label.caption = PlainText(10.0 * i);
+        const double p = probitOf(label.caption);
+        label.top = (plotHeight_ - ChartY(p, plotHeight_)) - label.height / 2 + 75;
+    }
+    label12_.front().top = percentStripHeight_ - 165;
+    for (int j = 0; j < kProbitLabels; ++j) {
+        ChartLabel& label = label13_[static_cast<std::size_t>(j)];
+        const double p = 3 + 0.5 * j;
+        label.top = (plotHeight_ - ChartY(p, plotHeight_)) - label.height / 2;
+        label.caption = PlainText(p);
+    }
+}
+
+bool LogProbitChart::RedrawChart() {
+    plotHeight_ = nextPlotHeight_;
+    plotWidth_ = nextPlotWidth_;
+    drawing_.setSize(plotWidth_, plotHeight_);
+    if (grid1_.rows() < 2) {
+        drawing_.clear();
+        return false;
+    }
+    try {
+        SetXAxis();
+        const FitResult& fit = shared_.fit;
+        logOrigin_ = fit.DoseScale == 1 ? Log10(NumberOf(label10_.caption)) + cycleShift_ : 0;
+
+        grid3_.setRows(grid1_.rows());
+        for (int r = 1; r < grid1_.rows(); ++r) {
+            const double x = (NumberOf(grid1_.text(r, 2)) - logOrigin_) * cycleWidth_;
+            const double y = ChartY(NumberOf(grid1_.text(r, 6)), plotHeight_);
+            grid3_.setText(r, 0, PlainText(x));
+            grid3_.setText(r, 1, PlainText(y));
+        }
+        if (adjustRange_) {
+            const std::string* ends[] = {&lowPercent_, &highPercent_};
+            for (int row = 1; row <= 2; ++row) {
+                const double p = probitOf(*ends[row - 1]);
+                grid4_.setText(row, 0, PlainText(xOfLogDose(LineLogDose(p, fit))));
+                grid4_.setText(row, 1, PlainText(ChartY(p, plotHeight_)));
+            }
+        }
+        DrawPlot();
+        return true;
+    } catch (const Fault&) {
+    } catch (const std::out_of_range&) {
+    }
+    drawing_.clear();
+    return false;
+}
+
+void LogProbitChart::DrawPlot() {
+    drawing_.clear();
+    // Each segment joins two consecutive rows, in the order of the table.
+    const TextTable& source = adjustRange_ ? grid4_ : grid3_;
+    std::vector<std::array<double, 2>> linePoints(static_cast<std::size_t>(source.rows()));
+    for (int r = 1; r < source.rows(); ++r) {
+        for (int c = 0; c <= 1; ++c) {
+            const std::string& cell = source.text(r, c);
+            if (cell.empty())
+                continue;
+            auto& point = linePoints[static_cast<std::size_t>(r)];
+            point[static_cast<std::size_t>(c)] = NumberOf(cell);
+            if (c == 1 && r > 1) {
+                const auto& previous = linePoints[static_cast<std::size_t>(r - 1)];
+                drawing_.line(previous[0], plotHeight_ - previous[1], point[0],
+                              plotHeight_ - point[1], kBlack);
+            }
+        }
+    }
+    if (showPoints_)
+        DrawPoints();
+    DrawMarks();
+}
+
+void LogProbitChart::DrawPoints() {
+    grid5_.setRows(grid1_.rows());
+    for (int r = 1; r < grid1_.rows(); ++r) {
+        const double x = (NumberOf(grid1_.text(r, 2)) - logOrigin_ + cycleShift_) * cycleWidth_;
+        const double y = ChartY(probitOf(grid1_.text(r, 4)), plotHeight_);
+        grid5_.setText(r, 0, PlainText(x));
+        grid5_.setText(r, 1, PlainText(y));
+    }
+    drawing_.setPenWidth(3);
+    for (int r = 1; r < grid5_.rows(); ++r) {
+        drawing_.point(NumberOf(grid5_.text(r, 0)), plotHeight_ - NumberOf(grid5_.text(r, 1)),
+                       kBlack);
+    }
+    drawing_.setPenWidth(1);
+}
+
+void LogProbitChart::DrawMarks() {
+    const FitResult& fit = shared_.fit;
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+        // Each entry is selected in turn; the selection ends on the last one.
+        clickMark(static_cast<int>(i));
+        const std::string& mark = marks_[i];
+        const double p = probitOf(mark);
+        const double logDose = LineLogDose(p, fit);
+        const double x = xOfLogDose(logDose);
+        const double y = ChartY(p, plotHeight_);
+        drawing_.line(0, plotHeight_ - y, x, plotHeight_ - y, kBlack);
+        drawing_.line(x, plotHeight_ - y, x, plotHeight_, kBlack);
+        if (showEstimates_) {
+            shared_.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
+            FormatEstimate(shared_);
+            drawing_.setCurrentPosition(x + 20, plotHeight_ - 220);
+            drawing_.print(shared_.WorkText);
+            drawing_.setCurrentPosition(10, plotHeight_ - y - 150);
+            drawing_.print(mark);
+        }
+    }
+}
+
+void LogProbitChart::selectActualRangeAfterRefusal() {
+    clickActualRange();
+}
+
+ChartFocus LogProbitChart::ApplyLineLimits(UserPort& port) {
+    if (lowPercent_.empty() || highPercent_.empty())
+        return ChartFocus::None;
+    // A text that is no number is as far out of scale as a number can be.
+    const auto low = ParseNumber(lowPercent_);
+    if (!low || *low > 99 || *low < 1) {
+        port.tell("1st point is out of scale");
+        selectActualRangeAfterRefusal();
+        return ChartFocus::LowPercent;
+    }
+    const auto high = ParseNumber(highPercent_);
+    if (!high || *high > 99 || *high < 1) {
+        port.tell("2nd point is out of scale");
+        selectActualRangeAfterRefusal();
+        return ChartFocus::HighPercent;
+    }
+    // Equal percents pass: the line then has no length.
+    if (*high < *low) {
+        port.tell("1st point is greater than 2nd point!");
+        selectActualRangeAfterRefusal();
+        return ChartFocus::LowPercent;
+    }
+    RedrawChart();
+    limitsOkEnabled_ = false;
+    return ChartFocus::None;
+}
+
+void LogProbitChart::clickActualRange() {
+    adjustRange_ = false;
+    limitsOkEnabled_ = false;
+    RedrawChart();
+}
+
+ChartFocus LogProbitChart::clickAdjustRange(UserPort& port) {
+    adjustRange_ = true;
+    return ApplyLineLimits(port);
+}
+
+ChartFocus LogProbitChart::clickLimitsOk(UserPort& port) {
+    return ApplyLineLimits(port);
+}
+
+ChartFocus LogProbitChart::enterInLimits(UserPort& port) {
+    if (!adjustRange_)
+        return ChartFocus::None;
+    return ApplyLineLimits(port);
+}
+
+void LogProbitChart::setLowPercent(const std::string& text) {
+    lowPercent_ = text;
+    if (adjustRange_)
+        limitsOkEnabled_ = true;
+}
+
+void LogProbitChart::setHighPercent(const std::string& text) {
+    highPercent_ = text;
+    if (adjustRange_)
+        limitsOkEnabled_ = true;
+}
+
+void LogProbitChart::clickAutoCycles(bool checked) {
+    autoCycles_ = checked;
+    // Unchecked, the number that Auto chose stays until the user picks another.
+    if (checked)
+        RedrawChart();
+}
+
+void LogProbitChart::clickCycles(const std::string& text) {
+    cyclesText_ = text;
+    if (cyclesEnabled())
+        RedrawChart();
+}
+
+// The plot is drawn again over the scale of the last RedrawChart; a table that holds
+// no line leaves the plot empty.
+void LogProbitChart::drawPlotAgain() {
+    if (grid1_.rows() < 2 || cycleWidth_ == 0)
+        return;
+    try {
+        DrawPlot();
+    } catch (const Fault&) {
+        drawing_.clear();
+    }
+}
+
+void LogProbitChart::clickShowPoints(bool checked) {
+    showPoints_ = checked;
+    drawPlotAgain();
+}
+
+void LogProbitChart::clickShowEstimates(bool checked) {
+    showEstimates_ = checked;
+    drawPlotAgain();
+}
+
+void LogProbitChart::setMarkPercent(const std::string& text) {
+    markPercent_ = text;
+}
+
+ChartFocus LogProbitChart::addMark(UserPort& port) {
+    // A text that is no number fails the handler, which only gives the focus back.
+    const auto percent = ParseNumber(markPercent_);
+    if (!percent)
+        return ChartFocus::MarkPercent;
+    if (*percent > 99 || *percent < 1) {
+        port.tell(kOutOfScale);
+        return ChartFocus::MarkPercent;
+    }
+    marks_.push_back(markPercent_);
+    markPercent_.clear();
+    // All marks are drawn again over the plot, without clearing it.
+    if (grid1_.rows() >= 2 && cycleWidth_ != 0) {
+        try {
+            DrawMarks();
+        } catch (const Fault&) {
+            return ChartFocus::MarkPercent;
+        }
+    }
+    return ChartFocus::None;
+}
+
+ChartFocus LogProbitChart::enterInMarkPercent(UserPort& port) {
+    if (!addMarkEnabled())
+        return ChartFocus::None;
+    return addMark(port);
+}
+
+void LogProbitChart::clickMark(int index) {
+    selectedMark_ = index >= 0 && index < static_cast<int>(marks_.size()) ? index : -1;
+    deleteMarkEnabled_ = selectedMark_ >= 0;
+}
+
+void LogProbitChart::deleteMark() {
+    if (selectedMark_ < 0)
+        return;
+    marks_.erase(marks_.begin() + selectedMark_);
+    selectedMark_ = -1;
+    deleteMarkEnabled_ = false;
+    drawPlotAgain();
+}
+
+}  // namespace morvane
