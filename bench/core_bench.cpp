@@ -11,7 +11,7 @@ namespace morvane {
 namespace {
 
 class SilentPort : public UserPort {
-public:
+  public:
     Answer ask(const Message&) override { return Answer::Yes; }
     std::optional<std::string> openFileName(const FileDialog&) override { return std::nullopt; }
     std::optional<std::string> saveFileName(const FileDialog&) override { return std::nullopt; }
@@ -41,7 +41,8 @@ void CalculateLineOf(benchmark::State& state) {
         SharedRegisters shared;
         ResultsTables results;
         const auto outcome = CalculateLine({table, false, 1, "bench"}, shared, results, port, {});
-        if (outcome != CalculationOutcome::Completed) state.SkipWithError("not calculated");
+        if (outcome != CalculationOutcome::Completed)
+            state.SkipWithError("not calculated");
         benchmark::DoNotOptimize(results.Grid22);
     }
 }

@@ -10,9 +10,9 @@ namespace morvane {
 namespace {
 
 struct FormatLevels {
-    double upper;       // above this: exponent pattern
-    double lower;       // below this: exponent pattern
-    const char* huge;   // the exponent pattern
+    double upper;      // above this: exponent pattern
+    double lower;      // below this: exponent pattern
+    const char* huge;  // the exponent pattern
     const char* below0001;
     const char* below001;
     const char* below1;
@@ -21,7 +21,8 @@ struct FormatLevels {
 
 void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
     const double v = shared.WorkValue;
-    if (v == 0) return;  // WorkText keeps what it had; callers depend on it
+    if (v == 0)
+        return;  // WorkText keeps what it had; callers depend on it
     const char* pattern = levels.otherwise;
     if (v > levels.upper || v < levels.lower) {
         pattern = levels.huge;
@@ -39,7 +40,8 @@ void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
 // decimals. Returns false when the power of ten overflows.
 bool LimitFromLog(double logLimit, std::int32_t doseScale, double& limit) {
     const double power = PowerOfTen(logLimit);
-    if (std::isinf(power)) return false;
+    if (std::isinf(power))
+        return false;
     limit = NumberOf(FormatNumber(power / doseScale, "0.0000"));
     return true;
 }
@@ -52,7 +54,8 @@ void EstimateAtPercent(SharedRegisters& shared) {
     // A slope of 0 makes the division fail; the steps that need its result are
     // skipped and the later steps work with the probit still in WorkValue.
     if (fit.Slope != 0) {
-        const double m = (shared.WorkValue - fit.MeanProbit + fit.Slope * fit.MeanLogDose) / fit.Slope;
+        const double m =
+            (shared.WorkValue - fit.MeanProbit + fit.Slope * fit.MeanLogDose) / fit.Slope;
         shared.LogEstimate = m;
         shared.WorkValue = PowerOfTen(m);
         if (std::isinf(shared.WorkValue)) {
@@ -64,7 +67,8 @@ void EstimateAtPercent(SharedRegisters& shared) {
     shared.WorkValue = NumberOf(FormatNumber(shared.WorkValue, "0.0000"));
     shared.UpperLimit = 0;
     shared.LowerLimit = 0;
-    if (fit.GValue < 0.4) FiducialLimits(shared);
+    if (fit.GValue < 0.4)
+        FiducialLimits(shared);
 }
 
 void FiducialLimits(SharedRegisters& shared) {
@@ -80,20 +84,24 @@ void FiducialLimits(SharedRegisters& shared) {
     const double c = (g / (1 - g)) * distance + m;
     shared.UpperLimit = c + e;
     shared.LowerLimit = c - e;
-    if (b < 0) std::swap(shared.UpperLimit, shared.LowerLimit);
+    if (b < 0)
+        std::swap(shared.UpperLimit, shared.LowerLimit);
     // An overflowing power ends the routine where it stands, as an error inside the
     // estimate would: the limits keep what they hold at that point.
     double upper = 0, lower = 0;
-    if (!LimitFromLog(shared.UpperLimit, fit.DoseScale, upper)) return;
+    if (!LimitFromLog(shared.UpperLimit, fit.DoseScale, upper))
+        return;
     shared.UpperLimit = upper;
-    if (!LimitFromLog(shared.LowerLimit, fit.DoseScale, lower)) return;
+    if (!LimitFromLog(shared.LowerLimit, fit.DoseScale, lower))
+        return;
     shared.LowerLimit = lower;
 }
 
 bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {
     const FitResult& fit = shared.fit;
     const double x = shared.WorkValue * fit.DoseScale;
-    if (!(x > 0)) throw Fault("the dose " + PlainText(shared.WorkValue) + " has no logarithm");
+    if (!(x > 0))
+        throw Fault("the dose " + PlainText(shared.WorkValue) + " has no logarithm");
     const double logDose = Log10(x);
     const double y = fit.Slope * logDose + fit.MeanProbit - fit.MeanLogDose * fit.Slope;
     shared.WorkValue = y;

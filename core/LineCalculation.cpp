@@ -16,7 +16,9 @@ enum class Twin { Line, File };
 
 const char* const kIllegalSlopeTail = "it has an infinite value\nso your data can't be calculated";
 
-std::string RowNumber(int row) { return std::to_string(row); }
+std::string RowNumber(int row) {
+    return std::to_string(row);
+}
 
 // Step 6 of the driver: the power of ten that brings the smallest dose to 1 or
 // more. The factor is a 32-bit integer; a dose it cannot bring there is a fault.
@@ -52,13 +54,18 @@ CalculationOutcome TestSlope(Twin twin, double b, SharedRegisters& shared, UserP
         }
         return CalculationOutcome::Refused;
     };
-    if (0 < b && b < 0.0001) return refuse("revealed an extreme flat slope", "it is less than 0.0001");
-    if (-0.0001 < b && b < 0) return refuse("revealed an extreme flat slope", "it is less than 0.0001");
-    if (b > 1000 || b < -1000) return refuse("revealed an extreme large slope", "it is more than  1000");
+    if (0 < b && b < 0.0001)
+        return refuse("revealed an extreme flat slope", "it is less than 0.0001");
+    if (-0.0001 < b && b < 0)
+        return refuse("revealed an extreme flat slope", "it is less than 0.0001");
+    if (b > 1000 || b < -1000)
+        return refuse("revealed an extreme large slope", "it is more than  1000");
     if (b < 0 && twin == Twin::Line) {
-        Message question{"Your data revealed a reverse slope\nit is less than  0\ndo you want to continue ?",
-                         Buttons::YesNo, Icon::None, Answer::Yes};
-        if (port.ask(question) == Answer::No) return CalculationOutcome::Declined;
+        Message question{
+            "Your data revealed a reverse slope\nit is less than  0\ndo you want to continue ?",
+            Buttons::YesNo, Icon::None, Answer::Yes};
+        if (port.ask(question) == Answer::No)
+            return CalculationOutcome::Declined;
     }
     return CalculationOutcome::Completed;
 }
@@ -93,7 +100,8 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
     const int lastColumn = grid2.cols() - 1;
     if (input.controlPerTreatment) {
         for (int row = 1; row < grid2.rows(); ++row) {
-            if (!grid2.text(row, lastColumn).empty()) continue;
+            if (!grid2.text(row, lastColumn).empty())
+                continue;
             if (twin == Twin::Line) {
                 port.tell("Morvane detected missing data\nline no. " + RowNumber(row) +
                           " which is labeled " + grid2.text(row, 0) +
@@ -115,8 +123,10 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
     results.Grid1.setCols(7);
     results.Grid1.setRows(grid2.rows() - c);
     const int n = results.Grid1.rows() - 1;
-    if (results.Grid22.rows() < 6) results.Grid22.setRows(6);
-    if (results.Grid22.cols() < 3) results.Grid22.setCols(3);
+    if (results.Grid22.rows() < 6)
+        results.Grid22.setRows(6);
+    if (results.Grid22.cols() < 3)
+        results.Grid22.setCols(3);
 
     fit.DoseScale = ScaleForSmallestDose(grid2.text(c + 1, 0));
 
@@ -127,7 +137,8 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
         results.Grid1.setText(k, 0, dose);
         const double x = NumberOf(dose) * fit.DoseScale;
         results.Grid1.setText(k, 1, PlainText(x));
-        if (!(x > 0)) throw Fault("the dose " + dose + " has no logarithm");
+        if (!(x > 0))
+            throw Fault("the dose " + dose + " has no logarithm");
         const double logDose = Log10(x);
         results.Grid1.setText(k, 2, FormatNumber(logDose, "0.0000"));
         results.Grid1.setText(k, 3, grid2.text(i, 1));
@@ -152,21 +163,25 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
         sdxy += dx * dy;
         sdx2 += dx * dx;
         sdy2 += dy * dy;
-        if (sums.X[static_cast<std::size_t>(k)] != sums.X[0]) allLogDosesEqual = false;
+        if (sums.X[static_cast<std::size_t>(k)] != sums.X[0])
+            allLogDosesEqual = false;
     }
     // With every log dose equal r would divide 0 by 0 before the slope test that
     // catches this line: refuse it as that test does.
-    if (allLogDosesEqual) return RefuseIllegalSlope(twin, shared, port);
+    if (allLogDosesEqual)
+        return RefuseIllegalSlope(twin, shared, port);
     const double product = sdx2 * sdy2;
     if (product == 0)
         throw Fault("every dose gives the same probit, so the correlation r divides by zero");
     fit.Correlation = sdxy / std::pow(product, 0.5);
     const double d = sums.Sxx - sums.Sx * sums.Sx / n;
-    if (d == 0) return RefuseIllegalSlope(twin, shared, port);
+    if (d == 0)
+        return RefuseIllegalSlope(twin, shared, port);
     fit.Slope = (sums.Sxy - sums.Sx * sums.Sy / n) / d;
 
     const CalculationOutcome tested = TestSlope(twin, fit.Slope, shared, port);
-    if (tested != CalculationOutcome::Completed) return tested;
+    if (tested != CalculationOutcome::Completed)
+        return tested;
 
     const CycleSums cycles = RunCycles(results.Grid1, n, shared);
     WriteExpectedValues(results.Grid1, n, shared);
@@ -182,8 +197,8 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
 }
 
 CalculationOutcome GuardedCalculate(Twin twin, const CalculationInput& input,
-                                    SharedRegisters& shared, ResultsTables& results,
-                                    UserPort& port, const ResultsChannel& channel) {
+                                    SharedRegisters& shared, ResultsTables& results, UserPort& port,
+                                    const ResultsChannel& channel) {
     std::string reason;
     try {
         return Calculate(twin, input, shared, results, port, channel);
@@ -217,7 +232,8 @@ int ValidateResponses(const CalculationInput& input, bool mainVisible, SharedReg
         for (int row = first; row < grid2.rows() && !red; ++row)
             red = grid2.fore(row, column) == kRed;
     }
-    if (!red) return 0;
+    if (!red)
+        return 0;
     if (mainVisible) {
         port.tell(
             "Your data contain unacceptable values and can't be calculated\nCorrected response "

@@ -33,7 +33,8 @@ CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& share
             const double x = NumberOf(grid1.text(k, 2));
             const double expected = (x - fit.MeanLogDose) * fit.Slope + fit.MeanProbit;
             const auto total = RoundHalfEven32(NumberOf(grid1.text(k, 3)));
-            if (!total) throw Fault("the total " + grid1.text(k, 3) + " overflows");
+            if (!total)
+                throw Fault("the total " + grid1.text(k, 3) + " overflows");
             probit.setWorkingExpected(PlainText(expected));
             probit.setWorkingResponse(grid1.text(k, 4));
             const double w = NumberOrZero(probit.WorkingWeight());
@@ -42,7 +43,8 @@ CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& share
             const double t = std::sqrt((y - expected) * (y - expected));
             double& lastGap = last[static_cast<std::size_t>(k)];
             const double d = std::sqrt((t - lastGap) * (t - lastGap));
-            if (d > 0.000001) moved = true;
+            if (d > 0.000001)
+                moved = true;
             lastGap = t;
             fit.SumWeights += nw;
             snx += x * nw;
@@ -89,7 +91,8 @@ void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums
     FitResult& fit = shared.fit;
     const int df = doseRows - 2;
     fit.DegreesOfFreedom = static_cast<std::int16_t>(df);
-    if (df <= 0) throw Fault("fewer than three doses leave no degrees of freedom");
+    if (df <= 0)
+        throw Fault("fewer than three doses leave no degrees of freedom");
     const double chi = sums.Syy - sums.Sxy * sums.Sxy / fit.SumSquaresLogDose;
     fit.ChiSquare = chi;
     const std::string dfText = std::to_string(df);
@@ -102,7 +105,8 @@ void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums
     const double tOwn = NumberOf(TValueText(dfText, tAlpha));
     fit.TValue = homogeneous ? tInfinite : tOwn;
     const double denominator = fit.Slope * fit.Slope * fit.SumSquaresLogDose;
-    if (denominator == 0) throw Fault("the slope is 0, so g divides by zero");
+    if (denominator == 0)
+        throw Fault("the slope is 0, so g divides by zero");
     fit.GValue = (fit.TValue * fit.TValue * fit.HeterogeneityFactor) / denominator;
     if (fit.SumSquaresLogDose < 0)
         throw Fault("the sum of squares of log dose is negative, so the slope has no error");
@@ -116,7 +120,8 @@ void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums
 
     TextTable& g22 = results.Grid22;
     g22.setText(5, 1, FormatNumber(fit.Correlation, "0.0000"));
-    if (df <= 30) g22.setText(5, 2, "tabulated  " + PlainText(CriticalR(df)));
+    if (df <= 30)
+        g22.setText(5, 2, "tabulated  " + PlainText(CriticalR(df)));
     g22.setText(0, 1, FormatNumber(fit.Slope, "0.0000"));
     g22.setText(0, 2, "+/-  " + FormatNumber(fit.SlopeError, "0.0000"));
     g22.setText(1, 1, FormatNumber(chi, "0.0000"));

@@ -28,14 +28,16 @@ Digits15 ToDigits15(double value) {
     }
     d.digits.push_back(*p++);
     ++p;  // the point
-    while (std::isdigit(static_cast<unsigned char>(*p))) d.digits.push_back(*p++);
+    while (std::isdigit(static_cast<unsigned char>(*p)))
+        d.digits.push_back(*p++);
     ++p;  // 'e'
     d.exponent = std::atoi(p);
     return d;
 }
 
 std::string StripTrailingZeros(std::string digits) {
-    while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
+    while (digits.size() > 1 && digits.back() == '0')
+        digits.pop_back();
     return digits;
 }
 
@@ -62,7 +64,8 @@ std::string PlainFromDigits(bool negative, const std::string& significant, int e
 std::string ExponentSuffix(int exponent, bool padTwo) {
     std::string out = exponent < 0 ? "E-" : "E+";
     std::string e = std::to_string(exponent < 0 ? -exponent : exponent);
-    if (padTwo && e.size() < 2) e.insert(0, 1, '0');
+    if (padTwo && e.size() < 2)
+        e.insert(0, 1, '0');
     return out + e;
 }
 
@@ -84,7 +87,8 @@ bool IncrementDigits(std::string& digits) {
 std::string FormatFixed(double value, int decimals) {
     if (value == 0.0 || !std::isfinite(value)) {
         std::string out = "0";
-        if (decimals > 0) out += "." + std::string(static_cast<std::size_t>(decimals), '0');
+        if (decimals > 0)
+            out += "." + std::string(static_cast<std::size_t>(decimals), '0');
         return out;
     }
     const Digits15 d = ToDigits15(value);
@@ -97,10 +101,12 @@ std::string FormatFixed(double value, int decimals) {
     } else if (keep >= 0) {
         kept = d.digits.substr(0, static_cast<std::size_t>(keep));
         if (d.digits[static_cast<std::size_t>(keep)] >= '5') {
-            if (kept.empty()) kept = "0";
+            if (kept.empty())
+                kept = "0";
             IncrementDigits(kept);
         }
-        if (kept.empty()) kept = "0";
+        if (kept.empty())
+            kept = "0";
     } else {
         kept = "0";
     }
@@ -116,7 +122,8 @@ std::string FormatFixed(double value, int decimals) {
     // puzzle the reader of a table.
     std::string out = (d.negative && !isZero) ? "-" : "";
     out += integer;
-    if (decimals > 0) out += "." + fraction;
+    if (decimals > 0)
+        out += "." + fraction;
     return out;
 }
 
@@ -135,36 +142,45 @@ std::string FormatExponent(double value, int mantissaDigits) {
     return (d.negative ? "-" : "") + mantissa + ExponentSuffix(exponent, false);
 }
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 
 }  // namespace
 
 std::string PlainText(double value) {
-    if (value == 0.0) return "0";
-    if (std::isnan(value)) return "NaN";
-    if (std::isinf(value)) return value < 0 ? "-Infinity" : "Infinity";
+    if (value == 0.0)
+        return "0";
+    if (std::isnan(value))
+        return "NaN";
+    if (std::isinf(value))
+        return value < 0 ? "-Infinity" : "Infinity";
     const Digits15 d = ToDigits15(value);
     const std::string significant = StripTrailingZeros(d.digits);
     const int n = static_cast<int>(significant.size());
-    const bool exponentForm =
-        d.exponent >= 0 ? d.exponent + 1 > 15 : (-d.exponent - 1) + n > 15;
-    if (!exponentForm) return PlainFromDigits(d.negative, significant, d.exponent);
+    const bool exponentForm = d.exponent >= 0 ? d.exponent + 1 > 15 : (-d.exponent - 1) + n > 15;
+    if (!exponentForm)
+        return PlainFromDigits(d.negative, significant, d.exponent);
     std::string out = d.negative ? "-" : "";
     out += significant.substr(0, 1);
-    if (n > 1) out += "." + significant.substr(1);
+    if (n > 1)
+        out += "." + significant.substr(1);
     return out + ExponentSuffix(d.exponent, true);
 }
 
 std::string PlainDecimalText(double value) {
-    if (value == 0.0) return "0";
-    if (!std::isfinite(value)) return PlainText(value);
+    if (value == 0.0)
+        return "0";
+    if (!std::isfinite(value))
+        return PlainText(value);
     const Digits15 d = ToDigits15(value);
     return PlainFromDigits(d.negative, StripTrailingZeros(d.digits), d.exponent);
 }
 
 std::string FormatNumber(double value, std::string_view pattern) {
     const auto e = pattern.find_first_of("Ee");
-    if (e != std::string_view::npos) return FormatExponent(value, static_cast<int>(e));
+    if (e != std::string_view::npos)
+        return FormatExponent(value, static_cast<int>(e));
     const auto point = pattern.find('.');
     const int decimals =
         point == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - point - 1);
@@ -174,51 +190,69 @@ std::string FormatNumber(double value, std::string_view pattern) {
 std::optional<double> ParseNumber(std::string_view text) {
     std::size_t i = 0;
     std::size_t end = text.size();
-    while (i < end && IsBlank(text[i])) ++i;
-    while (end > i && IsBlank(text[end - 1])) --end;
+    while (i < end && IsBlank(text[i]))
+        ++i;
+    while (end > i && IsBlank(text[end - 1]))
+        --end;
     const std::string_view t = text.substr(i, end - i);
     std::size_t k = 0;
-    if (k < t.size() && (t[k] == '+' || t[k] == '-')) ++k;
+    if (k < t.size() && (t[k] == '+' || t[k] == '-'))
+        ++k;
     std::size_t digits = 0;
-    while (k < t.size() && std::isdigit(static_cast<unsigned char>(t[k]))) ++k, ++digits;
+    while (k < t.size() && std::isdigit(static_cast<unsigned char>(t[k])))
+        ++k, ++digits;
     if (k < t.size() && t[k] == '.') {
         ++k;
-        while (k < t.size() && std::isdigit(static_cast<unsigned char>(t[k]))) ++k, ++digits;
+        while (k < t.size() && std::isdigit(static_cast<unsigned char>(t[k])))
+            ++k, ++digits;
     }
-    if (digits == 0) return std::nullopt;
+    if (digits == 0)
+        return std::nullopt;
     if (k < t.size() && (t[k] == 'e' || t[k] == 'E')) {
         ++k;
-        if (k < t.size() && (t[k] == '+' || t[k] == '-')) ++k;
+        if (k < t.size() && (t[k] == '+' || t[k] == '-'))
+            ++k;
         std::size_t expDigits = 0;
-        while (k < t.size() && std::isdigit(static_cast<unsigned char>(t[k]))) ++k, ++expDigits;
-        if (expDigits == 0) return std::nullopt;
+        while (k < t.size() && std::isdigit(static_cast<unsigned char>(t[k])))
+            ++k, ++expDigits;
+        if (expDigits == 0)
+            return std::nullopt;
     }
-    if (k != t.size()) return std::nullopt;
+    if (k != t.size())
+        return std::nullopt;
     const std::string copy(t);
     errno = 0;
     const double v = std::strtod(copy.c_str(), nullptr);
-    if (errno == ERANGE && std::isinf(v)) return std::nullopt;
+    if (errno == ERANGE && std::isinf(v))
+        return std::nullopt;
     return v;
 }
 
 double NumberOf(std::string_view text) {
-    if (auto v = ParseNumber(text)) return *v;
+    if (auto v = ParseNumber(text))
+        return *v;
     throw Fault("\"" + std::string(text) + "\" is not a number");
 }
 
 double NumberOrZero(std::string_view text) {
-    if (text.empty()) return 0.0;
+    if (text.empty())
+        return 0.0;
     return NumberOf(text);
 }
 
 std::optional<std::int32_t> RoundHalfEven32(double value) {
     const double r = std::nearbyint(value);  // default rounding mode: halves to even
-    if (!(r >= -2147483648.0 && r <= 2147483647.0)) return std::nullopt;
+    if (!(r >= -2147483648.0 && r <= 2147483647.0))
+        return std::nullopt;
     return static_cast<std::int32_t>(r);
 }
 
-double Log10(double x) { return std::log(x) / std::log(10.0); }
+double Log10(double x) {
+    return std::log(x) / std::log(10.0);
+}
 
-double PowerOfTen(double m) { return std::pow(10.0, m); }
+double PowerOfTen(double m) {
+    return std::pow(10.0, m);
+}
 
 }  // namespace morvane

@@ -16,15 +16,15 @@
 namespace morvane {
 
 class ProbitTables {
-public:
+  public:
     // Table entries, for tests and for the chart's probit scale.
-    static double ProbitMiddle(int k);           // k = 1..99, probit of k percent
-    static double ProbitLow(int k);              // k = 0..10, probit of k/10 percent
-    static double ProbitHigh(int k);             // k = 0..10, probit of 99 + k/10 percent
-    static double ExpectedProbit(int i);         // i = 0..80
-    static double MinimumWorking(int i);         // i = 0..80
-    static double WorkingRange(int i);           // i = 0..80
-    static double WeightingCoefficient(int i);   // i = 0..80
+    static double ProbitMiddle(int k);          // k = 1..99, probit of k percent
+    static double ProbitLow(int k);             // k = 0..10, probit of k/10 percent
+    static double ProbitHigh(int k);            // k = 0..10, probit of 99 + k/10 percent
+    static double ExpectedProbit(int i);        // i = 0..80
+    static double MinimumWorking(int i);        // i = 0..80
+    static double WorkingRange(int i);          // i = 0..80
+    static double WeightingCoefficient(int i);  // i = 0..80
 
     // Whether the converter dialog is on the screen: it changes one branch of
     // PercentToProbit ("out of scale" instead of the probits 1 and 9).
@@ -51,7 +51,7 @@ public:
     // Inputs and outputs emptied, as a freshly loaded library has them.
     void reset();
 
-private:
+  private:
     void runPercentToProbit();
     void runProbitToPercent();
     void onWorkingResponseChanged();

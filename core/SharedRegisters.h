@@ -18,19 +18,19 @@ namespace morvane {
 // The fitted line Y = MeanProbit + Slope * (x - MeanLogDose), x being log10 of the
 // dose times DoseScale.
 struct FitResult {
-    std::int32_t DoseScale = 1;       // power of ten that multiplied the doses
-    double Slope = 0;                 // b, probit per log10 of scaled dose
-    double SumWeights = 0;            // sum of nw of the last cycle
-    double MeanLogDose = 0;           // weighted mean of log10 scaled dose
-    double MeanProbit = 0;            // weighted mean of working probit
-    double SumSquaresLogDose = 0;     // Sxx
-    double HeterogeneityFactor = 1;   // h: 1 when homogeneous, else chi-square / df
-    double TValue = 0;                // t for the fiducial limits
-    double GValue = 0;                // g
-    double SlopeError = 0;            // 1 / sqrt(Sxx)
+    std::int32_t DoseScale = 1;         // power of ten that multiplied the doses
+    double Slope = 0;                   // b, probit per log10 of scaled dose
+    double SumWeights = 0;              // sum of nw of the last cycle
+    double MeanLogDose = 0;             // weighted mean of log10 scaled dose
+    double MeanProbit = 0;              // weighted mean of working probit
+    double SumSquaresLogDose = 0;       // Sxx
+    double HeterogeneityFactor = 1;     // h: 1 when homogeneous, else chi-square / df
+    double TValue = 0;                  // t for the fiducial limits
+    double GValue = 0;                  // g
+    double SlopeError = 0;              // 1 / sqrt(Sxx)
     std::int16_t DegreesOfFreedom = 0;  // N - 2
-    double ChiSquare = 0;             // heterogeneity chi-square
-    double Correlation = 0;           // r of the provisional line
+    double ChiSquare = 0;               // heterogeneity chi-square
+    double Correlation = 0;             // r of the provisional line
 };
 
 struct SharedRegisters {
@@ -42,7 +42,7 @@ struct SharedRegisters {
     double LogEstimate = 0;  // log10 of the last scaled estimate
     double UpperLimit = 0;   // fiducial limits of the last estimate, 0 when none
     double LowerLimit = 0;
-    double Dose1Percent = 0;   // estimates at 1% and 99% of the current line
+    double Dose1Percent = 0;  // estimates at 1% and 99% of the current line
     double Dose99Percent = 0;
 
     // Words of the current line: "Dose", "mg", "LD" and their kin.

@@ -43,15 +43,15 @@ constexpr std::array<TRow, 42> kTRows = {{
 
 // 5% critical values of chi-square for 1..30 degrees of freedom, as stored.
 constexpr std::array<double, 31> kChiSquare = {
-    0,     3.8,   6,     7.8,   9.5,   11.1,  12.6, 14.1,  15.5,  16.9,  18.3,
-    19.65, 21,    22.35, 23.7,  25,    26.3,  27.6, 28.9,  30.15, 31.4,  32.65,
-    33.9,  35.15, 36.4,  37.65, 38.9,  40.1,  41.3, 42.55, 43.8,
+    0,     3.8,   6,     7.8,   9.5,  11.1, 12.6, 14.1,  15.5,  16.9, 18.3,
+    19.65, 21,    22.35, 23.7,  25,   26.3, 27.6, 28.9,  30.15, 31.4, 32.65,
+    33.9,  35.15, 36.4,  37.65, 38.9, 40.1, 41.3, 42.55, 43.8,
 };
 
 constexpr std::array<double, 31> kCriticalR = {
-    0,      0.997,  0.95,   0.878,  0.811,  0.755,  0.707,  0.666,  0.632, 0.602, 0.576,
-    0.553,  0.532,  0.514,  0.497,  0.482,  0.468,  0.456,  0.444,  0.433, 0.423, 0.4146,
-    0.4062, 0.3978, 0.3894, 0.381,  0.3746, 0.3682, 0.3618, 0.3554, 0.349,
+    0,      0.997,  0.95,   0.878, 0.811,  0.755,  0.707,  0.666,  0.632, 0.602, 0.576,
+    0.553,  0.532,  0.514,  0.497, 0.482,  0.468,  0.456,  0.444,  0.433, 0.423, 0.4146,
+    0.4062, 0.3978, 0.3894, 0.381, 0.3746, 0.3682, 0.3618, 0.3554, 0.349,
 };
 
 TextTable MakeTGrid() {
@@ -70,7 +70,8 @@ TextTable MakeTGrid() {
 
 int WholeNumber(std::string_view text) {
     const auto n = RoundHalfEven32(NumberOf(text));
-    if (!n) throw Fault("the degrees of freedom \"" + std::string(text) + "\" are out of range");
+    if (!n)
+        throw Fault("the degrees of freedom \"" + std::string(text) + "\" are out of range");
     return *n;
 }
 
@@ -82,15 +83,18 @@ const TextTable& TGrid() {
 }
 
 std::string TValueText(std::string_view degreesOfFreedomText, int levelIndex) {
-    if (degreesOfFreedomText.empty()) return "";
+    if (degreesOfFreedomText.empty())
+        return "";
     const int column = levelIndex + 1;
     const TextTable& grid = TGrid();
     const int n = WholeNumber(degreesOfFreedomText);
     int row = 121;
     if (n < 121) {
         row = n;
-        if (row < 0) throw Fault("the t table was read below its start");
-        while (grid.text(row, column).empty()) --row;
+        if (row < 0)
+            throw Fault("the t table was read below its start");
+        while (grid.text(row, column).empty())
+            --row;
     }
     return grid.text(row, column);
 }
@@ -102,15 +106,18 @@ double ChiSquareTable::Value(int degreesOfFreedom) {
 }
 
 const std::string& ChiSquareTable::lookup(std::string_view degreesOfFreedomText) {
-    if (text_ == degreesOfFreedomText) return label_;
+    if (text_ == degreesOfFreedomText)
+        return label_;
     text_ = std::string(degreesOfFreedomText);
     if (text_.empty()) {
         label_.clear();
         return label_;
     }
     const int n = WholeNumber(text_);
-    if (n < 31 && n >= 1) label_ = PlainText(Value(n));
-    if (n >= 30) label_ = PlainText(Value(30));
+    if (n < 31 && n >= 1)
+        label_ = PlainText(Value(n));
+    if (n >= 30)
+        label_ = PlainText(Value(30));
     return label_;
 }
 

@@ -25,14 +25,14 @@ std::string TValueText(std::string_view degreesOfFreedomText, int levelIndex);
 // The chi-square lookup. It keeps its output like the library form it models:
 // degrees of freedom below 1 leave the previous output as it was.
 class ChiSquareTable {
-public:
+  public:
     static double Value(int degreesOfFreedom);  // 1..30
     // Writes the degrees of freedom as text and returns the output text.
     const std::string& lookup(std::string_view degreesOfFreedomText);
     const std::string& output() const { return label_; }
     void reset() { text_.clear(), label_.clear(); }
 
-private:
+  private:
     std::string text_;
     std::string label_;
 };

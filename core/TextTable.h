@@ -40,7 +40,7 @@ struct TableCell {
 };
 
 class TextTable {
-public:
+  public:
     TextTable() = default;
     TextTable(int rows, int cols);
 
@@ -88,7 +88,7 @@ public:
 
     friend bool operator==(const TextTable&, const TextTable&) = default;
 
-private:
+  private:
     void checkCell(int row, int col) const;
 
     int cols_ = 0;

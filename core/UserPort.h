@@ -39,7 +39,7 @@ struct InputRequest {
 };
 
 class UserPort {
-public:
+  public:
     virtual ~UserPort() = default;
 
     // Shows the message and waits for the button the user presses.

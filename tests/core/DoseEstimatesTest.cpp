@@ -127,8 +127,10 @@ TEST(EstimateAtPercent, ADoseScaleAboveOneCancelsOut) {
     SharedRegisters small, large;
     ResultsTables r1, r2;
     const TextTable t1 = table(0.001), t2 = table(1);
-    ASSERT_EQ(CalculateLine({t1, false, 1, "a"}, small, r1, port, {}), CalculationOutcome::Completed);
-    ASSERT_EQ(CalculateLine({t2, false, 1, "b"}, large, r2, port, {}), CalculationOutcome::Completed);
+    ASSERT_EQ(CalculateLine({t1, false, 1, "a"}, small, r1, port, {}),
+              CalculationOutcome::Completed);
+    ASSERT_EQ(CalculateLine({t2, false, 1, "b"}, large, r2, port, {}),
+              CalculationOutcome::Completed);
     EXPECT_EQ(small.fit.DoseScale, 10000);
     EXPECT_EQ(large.fit.DoseScale, 10);
     EXPECT_EQ(r1.Grid22.dump(), r2.Grid22.dump());
@@ -395,7 +397,8 @@ TEST(Cycles, AReverseSlopeMayGiveOutOfScaleExpectedResponses) {
     shared.fit.MeanProbit = 5;
     TextTable grid1(4, 7);
     const char* logs[] = {"0.0000", "1.0000", "2.0000"};
-    for (int k = 1; k <= 3; ++k) grid1.setText(k, 2, logs[k - 1]);
+    for (int k = 1; k <= 3; ++k)
+        grid1.setText(k, 2, logs[k - 1]);
     WriteExpectedValues(grid1, 3, shared);
     EXPECT_EQ(grid1.text(1, 6), "9.0000");
     EXPECT_EQ(grid1.text(1, 5), "out of scale");

@@ -41,7 +41,8 @@ TextTable UnpairedTable(const std::vector<Dose>& doses, const std::string& contr
         t.setText(row, 1, doses[i].total);
         t.setText(row, 2, doses[i].corrected);
         t.setText(row, 3, doses[i].corrected);
-        if (doses[i].red) t.setFore(row, 3, kRed);
+        if (doses[i].red)
+            t.setFore(row, 3, kRed);
     }
     return t;
 }
@@ -99,15 +100,14 @@ TEST(WorkedExample, EveryCellOfTheDataTable) {
     EXPECT_EQ(run.results.Caption, "Results, worked.mrv");
     EXPECT_EQ(run.results.Grid1.rows(), 6);
     const std::string rows[] = {
-        "0.5\t5\t0.6990\t50\t4.000\t3.46252\t3.1794",
-        "1\t10\t1.0000\t50\t14.000\t13.3781\t3.8910",
-        "2\t20\t1.3010\t50\t32.000\t34.5584\t4.6027",
-        "4\t40\t1.6021\t50\t62.000\t62.3441\t5.3146",
+        "0.5\t5\t0.6990\t50\t4.000\t3.46252\t3.1794", "1\t10\t1.0000\t50\t14.000\t13.3781\t3.8910",
+        "2\t20\t1.3010\t50\t32.000\t34.5584\t4.6027", "4\t40\t1.6021\t50\t62.000\t62.3441\t5.3146",
         "8\t80\t1.9031\t50\t86.000\t84.7575\t6.0262",
     };
     for (int k = 1; k <= 5; ++k) {
         std::string line;
-        for (int c = 0; c < 7; ++c) line += (c ? "\t" : "") + run.results.Grid1.text(k, c);
+        for (int c = 0; c < 7; ++c)
+            line += (c ? "\t" : "") + run.results.Grid1.text(k, c);
         EXPECT_EQ(line, rows[k - 1]) << "row " << k;
     }
     EXPECT_EQ(run.channel, (std::vector<int>{1, 2, 5}));
@@ -147,8 +147,8 @@ TEST(WorkedExample, EstimatesWithFiducialLimits) {
         const char *dose, *lower, *upper;
     };
     const Expected expected[] = {
-        {25, "1.5267", "1.1984", "1.8513"},  {50, "2.9447", "2.4567", "3.5869"},
-        {75, "5.6797", "4.5454", "7.6996"},  {90, "10.259", "7.5872", "15.9618"},
+        {25, "1.5267", "1.1984", "1.8513"},    {50, "2.9447", "2.4567", "3.5869"},
+        {75, "5.6797", "4.5454", "7.6996"},    {90, "10.259", "7.5872", "15.9618"},
         {95, "14.6139", "10.2365", "24.8675"}, {99, "28.3771", "17.8384", "57.4816"},
         {1, "0.3056", "0.1643", "0.4608"},
     };
@@ -163,8 +163,8 @@ TEST(WorkedExample, EstimatesWithFiducialLimits) {
 
 TEST(CalculationDriver, ThreeDosesWithoutControlLeaveRowOneEmpty) {
     Session run;
-    const TextTable table = UnpairedTable({{"1", "20", "10.000"}, {"10", "20", "50.000"},
-                                           {"100", "20", "90.000"}});
+    const TextTable table =
+        UnpairedTable({{"1", "20", "10.000"}, {"10", "20", "50.000"}, {"100", "20", "90.000"}});
     ASSERT_EQ(table.rows(), 5);
     ASSERT_TRUE(CalculateEnabled(table, false));
     ASSERT_EQ(run.line(table), CalculationOutcome::Completed);
@@ -175,10 +175,11 @@ TEST(CalculationDriver, ThreeDosesWithoutControlLeaveRowOneEmpty) {
 }
 
 TEST(CalculationDriver, CalculateNeedsThreeDoseRows) {
-    EXPECT_FALSE(CalculateEnabled(UnpairedTable({{"1", "20", "10.000"}, {"2", "20", "20.000"}}), false));
-    EXPECT_FALSE(CalculateEnabled(PairedTable({{"1", "20", "10.000", "", "10.000"},
-                                               {"2", "20", "30.000", "", "30.000"}}),
-                                  true));
+    EXPECT_FALSE(
+        CalculateEnabled(UnpairedTable({{"1", "20", "10.000"}, {"2", "20", "20.000"}}), false));
+    EXPECT_FALSE(CalculateEnabled(
+        PairedTable({{"1", "20", "10.000", "", "10.000"}, {"2", "20", "30.000", "", "30.000"}}),
+        true));
     EXPECT_TRUE(CalculateEnabled(PairedTable({{"1", "20", "10.000", "", "10.000"},
                                               {"2", "20", "30.000", "", "30.000"},
                                               {"4", "20", "60.000", "", "60.000"}}),
@@ -187,8 +188,8 @@ TEST(CalculationDriver, CalculateNeedsThreeDoseRows) {
 
 TEST(CalculationDriver, SmallDosesAreScaledByAPowerOfTen) {
     Session run;
-    ASSERT_EQ(run.line(UnpairedTable({{"0.001", "20", "10.000"}, {"0.01", "20", "50.000"},
-                                      {"0.1", "20", "90.000"}})),
+    ASSERT_EQ(run.line(UnpairedTable(
+                  {{"0.001", "20", "10.000"}, {"0.01", "20", "50.000"}, {"0.1", "20", "90.000"}})),
               CalculationOutcome::Completed);
     EXPECT_EQ(run.shared.fit.DoseScale, 1000);
     EXPECT_EQ(run.results.Grid1.text(1, 1), "1");
@@ -199,13 +200,13 @@ TEST(CalculationDriver, SmallDosesAreScaledByAPowerOfTen) {
 
 TEST(CalculationDriver, DoseScaleOfOneAndOfTen) {
     Session a;
-    ASSERT_EQ(a.line(UnpairedTable({{"1", "20", "10.000"}, {"10", "20", "50.000"},
-                                    {"100", "20", "90.000"}})),
+    ASSERT_EQ(a.line(UnpairedTable(
+                  {{"1", "20", "10.000"}, {"10", "20", "50.000"}, {"100", "20", "90.000"}})),
               CalculationOutcome::Completed);
     EXPECT_EQ(a.shared.fit.DoseScale, 1);
     Session b;
-    ASSERT_EQ(b.line(UnpairedTable({{"0.5", "20", "10.000"}, {"10", "20", "50.000"},
-                                    {"100", "20", "90.000"}})),
+    ASSERT_EQ(b.line(UnpairedTable(
+                  {{"0.5", "20", "10.000"}, {"10", "20", "50.000"}, {"100", "20", "90.000"}})),
               CalculationOutcome::Completed);
     EXPECT_EQ(b.shared.fit.DoseScale, 10);
     EXPECT_EQ(b.results.Grid1.text(1, 1), "5");
@@ -213,8 +214,8 @@ TEST(CalculationDriver, DoseScaleOfOneAndOfTen) {
 
 TEST(CalculationDriver, ADoseTooSmallToScaleIsReportedNotAnEnd) {
     Session run;
-    const TextTable table = UnpairedTable({{"1E-10", "20", "10.000"}, {"10", "20", "50.000"},
-                                           {"100", "20", "90.000"}});
+    const TextTable table =
+        UnpairedTable({{"1E-10", "20", "10.000"}, {"10", "20", "50.000"}, {"100", "20", "90.000"}});
     EXPECT_EQ(run.line(table), CalculationOutcome::Refused);
     ASSERT_EQ(run.port.messages.size(), 1u);
     EXPECT_EQ(run.port.messages[0].text,
@@ -247,17 +248,18 @@ TEST(CalculationDriver, PairedDoseWithTreatedOnlyIsUsedUncorrected) {
 
 TEST(CalculationDriver, CorrectedValuesOfExactlyPointOneAndNinetyNinePointNinePass) {
     Session run;
-    ASSERT_EQ(run.line(UnpairedTable({{"1", "100", "0.100"}, {"10", "100", "50.000"},
-                                      {"100", "100", "99.900"}})),
+    ASSERT_EQ(run.line(UnpairedTable(
+                  {{"1", "100", "0.100"}, {"10", "100", "50.000"}, {"100", "100", "99.900"}})),
               CalculationOutcome::Completed);
     EXPECT_TRUE(run.port.messages.empty());
 }
 
 TEST(CalculationDriver, ARedCorrectedCellRefusesTheData) {
     Session run;
-    EXPECT_EQ(run.line(UnpairedTable({{"1", "100", "0.050", true}, {"10", "100", "50.000"},
-                                      {"100", "100", "90.000"}})),
-              CalculationOutcome::Refused);
+    EXPECT_EQ(
+        run.line(UnpairedTable(
+            {{"1", "100", "0.050", true}, {"10", "100", "50.000"}, {"100", "100", "90.000"}})),
+        CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{
                   "Your data contain unacceptable values and can't be calculated\nCorrected "
@@ -268,9 +270,10 @@ TEST(CalculationDriver, ARedCorrectedCellRefusesTheData) {
 TEST(CalculationDriver, RedCellInBatchFillsTheBatchReport) {
     Session run;
     run.shared.BatchName = "field";
-    EXPECT_EQ(run.file(UnpairedTable({{"1", "100", "0.050", true}, {"10", "100", "50.000"},
-                                      {"100", "100", "90.000"}})),
-              CalculationOutcome::Refused);
+    EXPECT_EQ(
+        run.file(UnpairedTable(
+            {{"1", "100", "0.050", true}, {"10", "100", "50.000"}, {"100", "100", "90.000"}})),
+        CalculationOutcome::Refused);
     EXPECT_TRUE(run.port.messages.empty());
     EXPECT_EQ(run.shared.BatchMessage, "Can't calculate field");
     EXPECT_EQ(run.shared.BatchFailed, 1);
@@ -299,9 +302,10 @@ TEST(CalculationDriver, BatchPairedMissingTreatedLeavesBatchFailedAlone) {
 
 TEST(SlopeTests, AllLogDosesEqualIsAnIllegalSlope) {
     Session run;
-    EXPECT_EQ(run.line(UnpairedTable({{"10", "100", "10.000"}, {"10.0", "100", "50.000"},
-                                      {"10.00", "100", "90.000"}})),
-              CalculationOutcome::Refused);
+    EXPECT_EQ(
+        run.line(UnpairedTable(
+            {{"10", "100", "10.000"}, {"10.0", "100", "50.000"}, {"10.00", "100", "90.000"}})),
+        CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{"Your data Revealed an illegal slope\nit has an infinite "
                                         "value\nso your data can't be calculated"}));
@@ -310,9 +314,10 @@ TEST(SlopeTests, AllLogDosesEqualIsAnIllegalSlope) {
 TEST(SlopeTests, IllegalSlopeInBatchShowsItsBoxAndLeavesBatchFailed) {
     Session run;
     run.shared.BatchName = "same";
-    EXPECT_EQ(run.file(UnpairedTable({{"10", "100", "10.000"}, {"10.0", "100", "50.000"},
-                                      {"10.00", "100", "90.000"}})),
-              CalculationOutcome::Refused);
+    EXPECT_EQ(
+        run.file(UnpairedTable(
+            {{"10", "100", "10.000"}, {"10.0", "100", "50.000"}, {"10.00", "100", "90.000"}})),
+        CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{"Data in the file same\nrevealed an illegal slope\nit has "
                                         "an infinite value\nso your data can't be calculated"}));
@@ -323,8 +328,8 @@ TEST(SlopeTests, IllegalSlopeInBatchShowsItsBoxAndLeavesBatchFailed) {
 // dose: 50% and the probit just above it.
 TEST(SlopeTests, ExtremeFlatSlope) {
     Session run;
-    const TextTable table = UnpairedTable({{"1", "100", "50.000"}, {"10", "100", "50.000"},
-                                           {"100", "100", "50.001"}});
+    const TextTable table =
+        UnpairedTable({{"1", "100", "50.000"}, {"10", "100", "50.000"}, {"100", "100", "50.001"}});
     EXPECT_EQ(run.line(table), CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{"Your data revealed an extreme flat slope\nit is less than "
@@ -340,8 +345,8 @@ TEST(SlopeTests, ExtremeFlatSlope) {
 
 TEST(SlopeTests, ExtremeFlatNegativeSlope) {
     Session run;
-    EXPECT_EQ(run.line(UnpairedTable({{"1", "100", "50.001"}, {"10", "100", "50.000"},
-                                      {"100", "100", "50.000"}})),
+    EXPECT_EQ(run.line(UnpairedTable(
+                  {{"1", "100", "50.001"}, {"10", "100", "50.000"}, {"100", "100", "50.000"}})),
               CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{"Your data revealed an extreme flat slope\nit is less than "
@@ -352,12 +357,12 @@ TEST(SlopeTests, ExtremeFlatNegativeSlope) {
 // them is a slope far above 1000.
 TEST(SlopeTests, ExtremeLargeSlope) {
     Session run;
-    const TextTable table = UnpairedTable({{"1", "100", "10.000"}, {"1.001", "100", "50.000"},
-                                           {"1.002", "100", "90.000"}});
+    const TextTable table = UnpairedTable(
+        {{"1", "100", "10.000"}, {"1.001", "100", "50.000"}, {"1.002", "100", "90.000"}});
     EXPECT_EQ(run.line(table), CalculationOutcome::Refused);
-    EXPECT_EQ(run.port.texts(),
-              (std::vector<std::string>{"Your data revealed an extreme large slope\nit is more than "
-                                        " 1000\nMorvane can't calculate it"}));
+    EXPECT_EQ(run.port.texts(), (std::vector<std::string>{
+                                    "Your data revealed an extreme large slope\nit is more than "
+                                    " 1000\nMorvane can't calculate it"}));
     Session batch;
     batch.shared.BatchName = "steep";
     EXPECT_EQ(batch.file(table), CalculationOutcome::Refused);
@@ -366,10 +371,8 @@ TEST(SlopeTests, ExtremeLargeSlope) {
               "1000\nMorvane can't calculate it");
 }
 
-const std::vector<Dose> kReverse = {{"1", "50", "86.000"},
-                                    {"2", "50", "62.000"},
-                                    {"4", "50", "32.000"},
-                                    {"8", "50", "14.000"}};
+const std::vector<Dose> kReverse = {
+    {"1", "50", "86.000"}, {"2", "50", "62.000"}, {"4", "50", "32.000"}, {"8", "50", "14.000"}};
 
 TEST(SlopeTests, ReverseSlopeAsksAndStopsOnNo) {
     Session run;
@@ -404,8 +407,8 @@ TEST(SlopeTests, BatchCalculatesAReverseSlopeWithoutAsking) {
 
 TEST(CalculationFaults, EqualProbitsAreReportedNotAnEnd) {
     Session run;
-    const TextTable table = UnpairedTable({{"1", "100", "50.000"}, {"10", "100", "50.000"},
-                                           {"100", "100", "50.000"}});
+    const TextTable table =
+        UnpairedTable({{"1", "100", "50.000"}, {"10", "100", "50.000"}, {"100", "100", "50.000"}});
     EXPECT_EQ(run.line(table), CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{CalculationFaultMessage(
@@ -421,8 +424,8 @@ TEST(CalculationFaults, EqualProbitsAreReportedNotAnEnd) {
 
 TEST(CalculationFaults, ADoseThatIsNotANumberIsReported) {
     Session run;
-    EXPECT_EQ(run.line(UnpairedTable({{"1", "100", "10.000"}, {"x", "100", "50.000"},
-                                      {"100", "100", "90.000"}})),
+    EXPECT_EQ(run.line(UnpairedTable(
+                  {{"1", "100", "10.000"}, {"x", "100", "50.000"}, {"100", "100", "90.000"}})),
               CalculationOutcome::Refused);
     EXPECT_EQ(run.port.texts(),
               (std::vector<std::string>{CalculationFaultMessage("\"x\" is not a number")}));

@@ -15,7 +15,7 @@
 namespace morvane::testing {
 
 class ScriptedUserPort : public UserPort {
-public:
+  public:
     std::vector<Message> messages;
     std::deque<Answer> answers;
     std::vector<FileDialog> openDialogs, saveDialogs;
@@ -25,7 +25,8 @@ public:
 
     Answer ask(const Message& message) override {
         messages.push_back(message);
-        if (message.buttons == Buttons::Ok) return Answer::Ok;
+        if (message.buttons == Buttons::Ok)
+            return Answer::Ok;
         if (answers.empty()) {
             ADD_FAILURE() << "unexpected question: " << message.text;
             return message.defaultAnswer;
@@ -50,11 +51,12 @@ public:
     // The texts of the messages so far, in order.
     std::vector<std::string> texts() const {
         std::vector<std::string> out;
-        for (const auto& m : messages) out.push_back(m.text);
+        for (const auto& m : messages)
+            out.push_back(m.text);
         return out;
     }
 
-private:
+  private:
     static std::optional<std::string> next(std::deque<std::optional<std::string>>& queue,
                                            const char* what) {
         if (queue.empty()) {
