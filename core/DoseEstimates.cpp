@@ -50,7 +50,14 @@ bool LimitFromLog(double logLimit, std::int32_t doseScale, double& limit) {
 
 void EstimateAtPercent(SharedRegisters& shared) {
     const FitResult& fit = shared.fit;
-    shared.WorkValue = NumberOf(shared.probit.PercentToProbit(PlainText(shared.WorkValue)));
+    // A step that fails is skipped and the next one runs. A percent whose transform
+    // reads the table outside its ends leaves the transform's old output, and an
+    // output that is no number leaves the percent in WorkValue.
+    try {
+        shared.probit.PercentToProbit(PlainText(shared.WorkValue));
+    } catch (const Fault&) {
+    }
+    if (const auto probit = ParseNumber(shared.probit.PercentProbit())) shared.WorkValue = *probit;
     // A slope of 0 makes the division fail; the steps that need its result are
     // skipped and the later steps work with the probit still in WorkValue.
     if (fit.Slope != 0) {

@@ -110,6 +110,18 @@ TEST(EstimateAtPercent, ZeroSlopeSkipsTheStepsThatNeedIt) {
 
 // The same doses entered at 1000 times their value give the same estimates times
 // 1000, save for the four-decimal rounding.
+TEST(EstimateAtPercent, ATransformThatFailsLeavesItsOldOutputAndGoesOn) {
+    SharedRegisters s = LineThroughTen();
+    s.WorkValue = 50;
+    EstimateAtPercent(s);
+    // 99 + 2^-10 makes the transform read its table below the start: the step
+    // fails, the old probit 5 stands, and the estimate is that of 50 percent.
+    s.WorkValue = 99.0009765625;
+    EstimateAtPercent(s);
+    EXPECT_EQ(s.probit.PercentProbit(), "5");
+    EXPECT_EQ(s.WorkValue, 10);
+}
+
 TEST(EstimateAtPercent, ADoseScaleAboveOneCancelsOut) {
     auto table = [](double factor) {
         TextTable t(7, 4);
