@@ -1,0 +1,31 @@
+#include "relative/Rtvout.h"
+
+#include <cmath>
+
+namespace morvane {
+
+Rtvout::Rtvout() : Grid1(2, 3), Grid2(2, grid2col::Count) {
+    Grid1.setText(0, 0, "No");
+    Grid1.setText(0, 1, "Line name");
+    Grid1.setColumnAlignment(0, 1);
+    Grid1.setColumnAlignment(1, 1);
+}
+
+void SizeResultColumns(Rtvout& rtvout, const TextWidth& measure) {
+    TextTable& grid = rtvout.Grid1;
+    const int key = grid.cols() - 1;
+    if (key < 0)
+        return;
+    grid.setColumnWidth(key, 0);
+    for (int col = 0; col < key; ++col) {
+        int width = 100;
+        for (int row = 0; row < grid.rows(); ++row) {
+            const int wanted = measure(grid.text(row, col)) + 180;
+            if (wanted > width)
+                width = wanted;
+        }
+        grid.setColumnWidth(col, width);
+    }
+}
+
+}  // namespace morvane
