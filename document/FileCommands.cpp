@@ -1,0 +1,229 @@
+// The commands that replace or save the document, the "save changes" question they
+// share, and the routing of a command left waiting for a save (PendingCommand).
+#include <filesystem>
+
+#include "document/FileBytes.h"
+#include "document/LineDocument.h"
+
+namespace morvane {
+namespace {
+
+bool IsRefusedInFileName(char c) {
+    return c == '"' || c == '|' || c == '<' || c == '>' || c == '*' || c == '?' || c == ':' ||
+           c == '\\' || c == '/';
+}
+
+bool EndsWithMrv(const std::string& name) {
+    if (name.size() < 4)
+        return false;
+    std::string tail = name.substr(name.size() - 4);
+    for (char& ch : tail)
+        if (ch >= 'A' && ch <= 'Z')
+            ch = static_cast<char>(ch - 'A' + 'a');
+    return tail == ".mrv";
+}
+
+// The folder's list of line files (pattern "*.mrv") holds an entry spelt exactly as
+// the title, case included.
+bool LineFileListed(const std::string& folder, const std::string& title) {
+    if (!EndsWithMrv(title))
+        return false;
+    std::error_code error;
+    const std::filesystem::path entry =
+        std::filesystem::path(folder.empty() ? "." : folder) / title;
+    return std::filesystem::is_regular_file(entry, error);
+}
+
+const char* const kInputCellsLeft =
+    "You still have a data in input cells\nData in input cells will not be included in the "
+    "file.\nDo you want to continue and ignore these data?";
+
+}  // namespace
+
+std::string CleanFileName(const std::string& name) {
+    std::string text = name;
+    const std::size_t length = text.size();
+    for (std::size_t i = 0; i < length; ++i) {
+        if (i < text.size() && IsRefusedInFileName(text[i]))
+            text.erase(i, 1);
+    }
+    return text;
+}
+
+std::string OlderVersionLines(const std::string& fileTitle) {
+    return "\"" + fileTitle +
+           "\" file belongs to older version.\nWhen you save this file, it'll be saved according "
+           "to current version format.\nSo it'll not be accessible by the older version.";
+}
+
+Answer LineDocument::askSaveChanges() {
+    std::string text = form_.OlderVersionFile == 1 ? OlderVersionLines(form_.FileTitle) + "\n" : "";
+    if (form_.Modified == 0)
+        return Answer::No;
+    text += "Do you want to save changes to \n" + form_.FileTitle + "?";
+    return port_.ask(
+        Message{text, Buttons::YesNoCancel, Icon::Question, Answer::Yes, "save changes"});
+}
+
+void LineDocument::CommandNew() {
+    switch (askSaveChanges()) {
+        case Answer::Yes:
+            form_.PendingCommand = 1;
+            CommandSave();
+            return;
+        case Answer::Cancel:
+            form_.ImportAfterNew = 0;
+            setFocus(Focus::TextDose);
+            notify();
+            return;
+        default:
+            break;
+    }
+    beginNewDocumentDialog();
+}
+
+void LineDocument::beginNewDocumentDialog() {
+    beforeNew_ = DialogSnapshot{options_, shared_.DoseWord, shared_.UnitWord, shared_.EstimateWord};
+    form_.Enabled = false;
+    FileOptionsText1("3");
+    options_.Visible = true;
+    if (observer_)
+        observer_->optionsDialogShown();
+    notify();
+}
+
+void LineDocument::CommandOpen() {
+    switch (askSaveChanges()) {
+        case Answer::Yes:
+            form_.PendingCommand = 2;
+            CommandSave();
+            return;
+        case Answer::Cancel:
+            setFocus(Focus::TextDose);
+            notify();
+            return;
+        default:
+            break;
+    }
+    const std::optional<std::string> path =
+        port_.openFileName(FileDialog{"Open Morvane file", kLineFileFilter, "", ""});
+    if (!path)
+        return;  // cancelled: the document stays as it was
+    OpenLineFile(*path);
+}
+
+void LineDocument::CommandRelative() {
+    switch (askSaveChanges()) {
+        case Answer::Yes:
+            form_.PendingCommand = 3;
+            CommandSave();
+            return;
+        case Answer::Cancel:
+            setFocus(Focus::TextDose);
+            notify();
+            return;
+        default:
+            break;
+    }
+    if (observer_)
+        observer_->relativeRequested();
+}
+
+bool LineDocument::QueryClose() {
+    switch (askSaveChanges()) {
+        case Answer::Yes:
+            form_.ClosingAfterSave = 1;
+            CommandSave();
+            return false;  // the end of the save ends the program
+        case Answer::Cancel:
+            return false;
+        default:
+            return true;
+    }
+}
+
+void LineDocument::CommandSave() {
+    settleGrid1();
+    // A failed or cancelled save drops a pending New or Open and the closing; a
+    // pending Relative stays.
+    auto dropPending = [this] {
+        if (form_.PendingCommand == 1 || form_.PendingCommand == 2)
+            form_.PendingCommand = 0;
+        form_.ClosingAfterSave = 0;
+    };
+    if (!form_.Text1input.empty() || !form_.Text2input.empty()) {
+        const Message question{kInputCellsLeft, Buttons::OkCancel, Icon::None, Answer::Cancel};
+        if (port_.ask(question) == Answer::Cancel) {
+            form_.PendingCommand = 0;
+            form_.ClosingAfterSave = 0;
+            setFocus(Focus::TextDose);
+            notify();
+            return;
+        }
+    }
+    form_.TextFileName = CleanFileName(notes_.TreatmentName);
+
+    if (form_.FilePath.empty()) {
+        FileDialog dialog{"Save Morvane file", kLineFileFilter, form_.TextFileName, ""};
+        for (;;) {
+            const std::optional<std::string> chosen = port_.saveFileName(dialog);
+            if (!chosen) {
+                dropPending();
+                notify();
+                return;
+            }
+            form_.FilePath = *chosen;
+            form_.FileTitle = ShortFileName(*chosen);
+            const std::string folder =
+                form_.FilePath.substr(0, form_.FilePath.size() - form_.FileTitle.size());
+            if (LineFileListed(folder, form_.FileTitle)) {
+                const Message replace{
+                    "File with the same name \"" + form_.FileTitle +
+                        "\" already exist.\nDo you want to replace the existing file?",
+                    Buttons::YesNo, Icon::Critical, Answer::No};
+                if (port_.ask(replace) == Answer::No) {
+                    form_.FilePath.clear();
+                    form_.FileTitle = "New file";
+                    setFocus(Focus::TextDose);
+                    form_.ClosingAfterSave = 0;
+                    dialog.fileName = *chosen;
+                    continue;
+                }
+            }
+            form_.Caption = "Morvane, " + form_.FileTitle;
+            break;
+        }
+    }
+
+    try {
+        ReplaceFileContents(form_.FilePath, WriteLineFile(options_.controls, form_.Grid1, notes_));
+    } catch (const std::exception& e) {
+        dropPending();
+        port_.tell(std::string("An error occurred while saving this file.\n") + e.what());
+        notify();
+        return;
+    }
+    saveTail();
+}
+
+void LineDocument::saveTail() {
+    form_.Modified = 0;
+    form_.CommandSaveEnabled = false;
+    notify();
+    const std::int16_t pending = form_.PendingCommand;
+    form_.PendingCommand = 0;
+    if (pending == 1) {
+        CommandNew();
+    } else if (pending == 2) {
+        CommandOpen();
+    } else if (pending == 3) {
+        CommandRelative();
+    }
+    // Cleared only now: an older file opened by the pending Open loses its mark at once.
+    form_.OlderVersionFile = 0;
+    if (form_.ClosingAfterSave == 1 && observer_)
+        observer_->programEndRequested();
+    notify();
+}
+
+}  // namespace morvane

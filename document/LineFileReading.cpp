@@ -1,0 +1,202 @@
+// Reading line files into the document: the current layout, the older layout through
+// AcceptRow, and the silent reading of the comparison of lines. Whatever the bytes, a
+// file that can't be read ends in the opening message and an empty document.
+#include <algorithm>
+
+#include "document/FileBytes.h"
+#include "document/LineDocument.h"
+
+namespace morvane {
+namespace {
+
+const char* const kOpeningError = "An error occurred while opening this file.\n";
+
+std::int16_t ListValue(std::int16_t value, int count, const char* what) {
+    if (value < 0 || value >= count)
+        throw FileFormatError(std::to_string(value) + " is not a value of the " + what);
+    return value;
+}
+
+}  // namespace
+
+void LineDocument::ReadOptionsIntoDocument(FieldReader& in) {
+    ReadOptionsRecord(in, options_, shared_);
+    applyOptionsDialog(false);
+}
+
+void LineDocument::ReadTableIntoGrid1(FieldReader& in) {
+    const TableSize size = ReadSizeRecord(in);
+    // The heading and the empty last row are counted; the columns are those of the
+    // file, whatever the options say.
+    if (size.rows < 2 || size.cols < 1)
+        throw FileFormatError("the table's size, " + std::to_string(size.rows) + " rows of " +
+                              std::to_string(size.cols) + " columns, is not a table's");
+    const long long cells = static_cast<long long>(size.rows - 2) * size.cols;
+    if (cells > static_cast<long long>(in.remaining()))
+        throw FileFormatError("the file ends before the end of the table");
+    settleGrid1();
+    TextTable& grid = form_.Grid1;
+    grid.setCols(size.cols);
+    grid.setRows(size.rows);
+    for (int r = 1; r <= size.rows - 2; ++r)
+        for (int c = 0; c < size.cols; ++c)
+            grid.setText(r, c, in.readString());
+    // The rows stand as the file has them; the next accepted row sorts them.
+    const int key = size.cols - 1;
+    knownSorted_ = true;
+    for (int r = 2; r <= size.rows - 2 && knownSorted_; ++r)
+        knownSorted_ = CompareTextNoCase(grid.text(r - 1, key), grid.text(r, key)) <= 0;
+    sortPending_ = false;
+}
+
+void LineDocument::ReadNotesIntoDocument(FieldReader& in) {
+    notes_ = ReadNotesRecord(in);
+}
+
+void LineDocument::paintControlRows() {
+    TextTable& grid = form_.Grid1;
+    for (int r = 1; r < grid.rows(); ++r)
+        if (grid.text(r, 0) == "C")
+            for (int c = 2; c < grid.cols(); ++c)
+                grid.setBack(r, c, kControlColor);
+}
+
+bool LineDocument::OpenLineFile(const std::string& path) {
+    ResetLine();
+    try {
+        const std::string bytes = ReadFileBytes(path);
+        FieldReader in(bytes);
+        if (ReadVersionRecord(in) == 1) {
+            notify();
+            port_.tell(OlderVersionLines(ShortFileName(path)));
+            return ReadOlderFile(path);
+        }
+        ReadOptionsIntoDocument(in);
+        ReadTableIntoGrid1(in);
+        ReadNotesIntoDocument(in);
+        form_.FileTitle = ShortFileName(path);
+        form_.Caption = "Morvane, " + form_.FileTitle;
+        form_.FilePath = path;
+        paintControlRows();
+        form_.Grid1.setCurrent(form_.Grid1.currentRow(), 2);
+        form_.CommandInfFormEnabled = true;
+        form_.CommandChgangeOptionsEnabled = true;
+        form_.TextNameEnabled = true;
+        setTextName(notes_.TreatmentName);
+        RebuildResponseTable();
+        form_.CommandSaveEnabled = false;
+        form_.Modified = 0;
+        notify();
+        return true;
+    } catch (const std::exception& e) {
+        notify();
+        port_.tell(kOpeningError + std::string(e.what()));
+        ResetLine();
+        notify();
+        return false;
+    }
+}
+
+void LineDocument::ApplyOlderFile(const OlderLineFile& file) {
+    LineOptions& c = options_.controls;
+    options_.setDataType(ListValue(file.dataType, 3, "input data type"));
+    options_.setComboUnit1(file.unit1, shared_);
+    options_.setComboUnit2(file.unit2, shared_);
+    if (std::find(std::begin(kAlphaTexts), std::end(kAlphaTexts), file.alpha) ==
+        std::end(kAlphaTexts))
+        throw FileFormatError("\"" + file.alpha + "\" is not a value of the probability of T");
+    c.Combo7 = file.alpha;
+    c.Check2 = ListValue(file.replicatesFlag, 3, "replicates flag");
+    if (file.factorSelector >= 1 && file.factorSelector <= 3) {
+        c.Tab1 = 0;
+        options_.selectOption(file.factorSelector, shared_);
+    } else if (file.factorSelector == 4) {
+        c.Tab1 = 1;
+    }
+    c.Combo5 = file.customFactor;
+    c.Combo6 = file.customAbbreviation;
+    c.Text5 = file.customUnits;
+    c.Check3 = ListValue(file.controlFlag, 3, "control flag");
+    applyOptionsDialog(false);
+    form_.GridOldV = file.GridOldV;
+    form_.GridOldVt = file.GridOldVt;
+    notes_ = file.notes;
+}
+
+void LineDocument::readOlderInto(const std::string& path, bool secondTableAccepted) {
+    const std::string bytes = ReadFileBytes(path);
+    FieldReader in(bytes);
+    ApplyOlderFile(ReadOlderLayout(in));
+    // The first table holds treatments (and the doses named "control"): whatever the
+    // user ticked before, the box is clear while it is read.
+    form_.CheckCo = 0;
+    ForEachOldReplicate(form_.GridOldV, 5, [this] { AcceptRow(); });
+    if (form_.CheckCoVisible) {
+        form_.CheckCo = 1;
+        if (secondTableAccepted)
+            ForEachOldReplicate(form_.GridOldVt, 3, [this] { AcceptRow(); });
+        else
+            ForEachOldReplicate(form_.GridOldVt, 3, [] {});
+        form_.CheckCo = 0;
+    }
+}
+
+bool LineDocument::ReadOlderFile(const std::string& path) {
+    try {
+        readOlderInto(path, true);
+        form_.FileTitle = ShortFileName(path);
+        form_.Caption = "Morvane, " + form_.FileTitle;
+        form_.FilePath = path;
+        form_.TextNameEnabled = true;
+        setTextName(notes_.TreatmentName);
+        form_.CommandInfFormEnabled = true;
+        form_.CommandChgangeOptionsEnabled = true;
+        RebuildResponseTable();
+        form_.OlderVersionFile = 1;
+        form_.Modified = 0;  // CommandSave stays enabled: the rows were accepted
+        notify();
+        return true;
+    } catch (const std::exception& e) {
+        ResetLine();
+        notify();
+        port_.tell(kOpeningError + std::string(e.what()));
+        return false;
+    }
+}
+
+bool LineDocument::OpenLineForBatch(const std::string& path) {
+    auto fail = [this](const std::exception& e) {
+        shared_.BatchMessage =
+            "An error occurred while opening " + shared_.BatchName + "\n" + e.what();
+        shared_.BatchFailed = 1;
+        return false;
+    };
+    TextMsg("1");
+    std::int16_t mark = 0;
+    try {
+        const std::string bytes = ReadFileBytes(path);
+        FieldReader in(bytes);
+        mark = ReadVersionRecord(in);
+        if (mark != 1) {
+            ReadOptionsIntoDocument(in);
+            ReadTableIntoGrid1(in);
+            ReadNotesIntoDocument(in);
+            TextMsg("5");
+            return true;
+        }
+    } catch (const std::exception& e) {
+        return fail(e);
+    }
+    try {
+        // In a comparison the rows of the second old table fill the input cells but
+        // are sent nowhere, so an older file gives only its first table's rows.
+        readOlderInto(path, false);
+        TextMsg("5");
+        return true;
+    } catch (const std::exception& e) {
+        TextMsg("1");
+        return fail(e);
+    }
+}
+
+}  // namespace morvane
