@@ -65,6 +65,31 @@ void ResultQueries::setText3(const std::string& text) {
     panels_.Command3Enabled = CanCalculate(text);
 }
 
+bool ResultQueries::type(const std::string& keys, void (ResultQueries::*set)(const std::string&)) {
+    bool allPassed = true;
+    std::string text;
+    for (const char key : keys) {
+        if (key == 8 || key == 13 || !NumberBoxAcceptsKey(key)) {
+            allPassed = false;
+            continue;
+        }
+        text += key;
+        (this->*set)(text);
+    }
+    // Nothing typed: the selected text is deleted.
+    if (text.empty())
+        (this->*set)("");
+    return allPassed;
+}
+
+bool ResultQueries::typeText2(const std::string& keys) {
+    return type(keys, &ResultQueries::setText2);
+}
+
+bool ResultQueries::typeText3(const std::string& keys) {
+    return type(keys, &ResultQueries::setText3);
+}
+
 void ResultQueries::setLabel2(const std::string& text) {
     if (text == panels_.Label2)
         return;

@@ -76,6 +76,12 @@ class ResultQueries {
     // runs its change handler; the same text does nothing.
     void setText2(const std::string& text);
     void setText3(const std::string& text);
+    // The user types the characters over the whole text of the box, which is selected
+    // when the box gets the focus: each character that the box lets through (digits,
+    // comma, period) changes the text; an empty string deletes it. Returns false when
+    // the box swallowed a character. Backspace and Enter are not typed through here.
+    bool typeText2(const std::string& keys);
+    bool typeText3(const std::string& keys);
     // On leaving a box with text in it: the text becomes the plain text of its
     // number, or the user is told "invaled value!" and the text stays.
     void Text2LostFocus();
@@ -99,6 +105,7 @@ class ResultQueries {
     void SSTab2Click(int tab, bool windowVisible);
 
   private:
+    bool type(const std::string& keys, void (ResultQueries::*set)(const std::string&));
     void setLabel2(const std::string& text);
     void setLabel5(const std::string& text);
     void faulted(const std::string& reason);
