@@ -47,47 +47,60 @@ void ResultQueries::setText2(const std::string& text) {
     if (text == panels_.Text2)
         return;
     panels_.Text2 = text;
-    panels_.Label3 = kPercentSign;
-    setLabel2("");
-    panels_.Command1Enabled = CanCalculate(text);
+    Text2Change();
 }
 
 void ResultQueries::setText3(const std::string& text) {
     if (text == panels_.Text3)
         return;
     panels_.Text3 = text;
+    Text3Change();
+}
+
+void ResultQueries::Text2Change() {
+    panels_.Label3 = kPercentSign;
+    setLabel2("");
+    panels_.Command1Enabled = CanCalculate(panels_.Text2);
+}
+
+void ResultQueries::Text3Change() {
     setLabel5("");
     panels_.Label6.clear();
     panels_.Label19.clear();
     panels_.Label20.clear();
     panels_.Label14Visible = false;
     panels_.Label18Visible = false;
-    panels_.Command3Enabled = CanCalculate(text);
+    panels_.Command3Enabled = CanCalculate(panels_.Text3);
 }
 
-bool ResultQueries::type(const std::string& keys, void (ResultQueries::*set)(const std::string&)) {
+bool ResultQueries::type(std::string& box, const std::string& keys,
+                         void (ResultQueries::*changed)()) {
+    // Each key is a change of the box, even one that leaves the same text.
     bool allPassed = true;
-    std::string text;
+    bool typed = false;
     for (const char key : keys) {
         if (key == 8 || key == 13 || !NumberBoxAcceptsKey(key)) {
             allPassed = false;
             continue;
         }
-        text += key;
-        (this->*set)(text);
+        box = typed ? box + key : std::string(1, key);
+        typed = true;
+        (this->*changed)();
     }
-    // Nothing typed: the selected text is deleted.
-    if (text.empty())
-        (this->*set)("");
+    if (!typed) {
+        // Nothing typed: the selected text is deleted.
+        box.clear();
+        (this->*changed)();
+    }
     return allPassed;
 }
 
 bool ResultQueries::typeText2(const std::string& keys) {
-    return type(keys, &ResultQueries::setText2);
+    return type(panels_.Text2, keys, &ResultQueries::Text2Change);
 }
 
 bool ResultQueries::typeText3(const std::string& keys) {
-    return type(keys, &ResultQueries::setText3);
+    return type(panels_.Text3, keys, &ResultQueries::Text3Change);
 }
 
 void ResultQueries::setLabel2(const std::string& text) {

@@ -78,8 +78,9 @@ class ResultQueries {
     void setText3(const std::string& text);
     // The user types the characters over the whole text of the box, which is selected
     // when the box gets the focus: each character that the box lets through (digits,
-    // comma, period) changes the text; an empty string deletes it. Returns false when
-    // the box swallowed a character. Backspace and Enter are not typed through here.
+    // comma, period) is a change of the box, even when the text comes out the same; an
+    // empty string deletes the text. Returns false when the box swallowed a character.
+    // Backspace and Enter are not typed through here.
     bool typeText2(const std::string& keys);
     bool typeText3(const std::string& keys);
     // On leaving a box with text in it: the text becomes the plain text of its
@@ -105,7 +106,10 @@ class ResultQueries {
     void SSTab2Click(int tab, bool windowVisible);
 
   private:
-    bool type(const std::string& keys, void (ResultQueries::*set)(const std::string&));
+    bool type(std::string& box, const std::string& keys, void (ResultQueries::*changed)());
+    // The change handlers of the boxes.
+    void Text2Change();
+    void Text3Change();
     void setLabel2(const std::string& text);
     void setLabel5(const std::string& text);
     void faulted(const std::string& reason);

@@ -354,6 +354,16 @@ TEST_F(ResultQueriesTest, TypingTheSameTextAgainRunsTheChangeHandler) {
     EXPECT_TRUE(panels().Command3Enabled);
     queries().Command3();
     EXPECT_TRUE(panels().Command4Enabled);
+    // One key that gives the same text is still a change.
+    askPercent("5");
+    queries().Command4();
+    ASSERT_FALSE(panels().Command3Enabled);
+    queries().typeText3("5");
+    EXPECT_TRUE(panels().Command3Enabled);
+    // A text set by the program that equals the box's text is no change.
+    queries().Command3();
+    queries().setText3("5");
+    EXPECT_FALSE(panels().Command3Enabled);
 }
 
 TEST_F(ResultQueriesTest, LeavingABoxWritesThePlainTextOfItsNumber) {
