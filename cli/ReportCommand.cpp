@@ -1,0 +1,149 @@
+#include "cli/ReportCommand.h"
+
+#include <ostream>
+
+#include "cli/CliCommand.h"
+#include "cli/ConsoleUserPort.h"
+#include "core/LineCalculation.h"
+#include "core/NumberText.h"
+#include "core/SharedRegisters.h"
+#include "document/FileBytes.h"
+#include "document/LineDocument.h"
+#include "results/LineResults.h"
+#include "results/TextMeasurer.h"
+
+namespace morvane::cli {
+
+const char* const kReportUsage =
+    "  report FILE.mrv [--percent P]... [--dose D]...\n"
+    "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
+    "      its probit line as the Calculate button does (a reverse slope is\n"
+    "      accepted) and prints the results tables as tab-separated text: the text\n"
+    "      that \"Copy tables\" of the results window gives.\n"
+    "        --percent P  adds the dose at P percent response (0.1 to 99.9) with\n"
+    "                     its fiducial limits as a row of the estimates table\n"
+    "        --dose D     adds the response percent at dose D (from the dose of 1%\n"
+    "                     to that of 99%) with the limits of D as a row of the table\n"
+    "      The queries run in the order given, as if typed into the results window:\n"
+    "      digits and a decimal point only. A refused query is told on standard\n"
+    "      error and adds no row.\n";
+
+namespace {
+
+const char* const kOutOfScale = "This value is out of scale";
+const char* const kInvalidValue = "invaled value!";
+
+// Whether every character of the text is one the query boxes take.
+bool TypableInQueryBox(const std::string& text) {
+    if (text.empty())
+        return false;
+    for (const char key : text) {
+        if (key == 8 || key == 13 || !ResultQueries::NumberBoxAcceptsKey(key))
+            return false;
+    }
+    return true;
+}
+
+// One query as the user makes it: types the value into the box, leaves the box for
+// "is", presses "is", and presses "Add to list >>" when it is enabled. A refusal has
+// been told to the user through the port when this returns.
+void RunQuery(ResultQueries& queries, const ReportQuery& query, UserPort& port) {
+    // A box would swallow the other keys and calculate with what is left; here the
+    // whole value is refused instead, so nothing else than what was asked is added.
+    if (!TypableInQueryBox(query.value)) {
+        port.tell(kInvalidValue);
+        return;
+    }
+    const QueryPanels& panels = queries.panels();
+    if (query.kind == ReportQuery::Kind::Percent) {
+        queries.typeText3(query.value);
+        queries.Text3LostFocus();
+        if (!ParseNumber(panels.Text3))
+            return;  // told "invaled value!"
+        // "is" can't be pressed for 0, which is out of the scale of percents.
+        if (!panels.Command3Enabled) {
+            port.tell(kOutOfScale);
+            return;
+        }
+        queries.Command3();
+        if (panels.Command4Enabled)
+            queries.Command4();
+    } else {
+        queries.typeText2(query.value);
+        queries.Text2LostFocus();
+        if (!ParseNumber(panels.Text2))
+            return;
+        // "is" can't be pressed for a dose of 0, which has no response.
+        if (!panels.Command1Enabled) {
+            port.tell(kOutOfScale);
+            return;
+        }
+        queries.Command1();
+        if (panels.Command2Enabled)
+            queries.Command2();
+    }
+}
+
+}  // namespace
+
+std::string LineName(const std::string& fileTitle) {
+    return fileTitle.size() > 4 ? fileTitle.substr(0, fileTitle.size() - 4) : std::string();
+}
+
+int ReportLine(const ReportRequest& request, std::ostream& out, std::ostream& err) {
+    SharedRegisters shared;
+    ConsoleUserPort port(err);
+    const std::string title = ShortFileName(request.file);
+    // The note that an older file will be saved in the current layout doesn't
+    // concern a tool that never saves.
+    port.setQuietText(OlderVersionLines(title));
+    LineDocument document(shared, port, std::string());
+    if (!document.OpenLineFile(request.file))
+        return 2;
+    port.setQuietText(std::string());
+
+    if (!document.CalculateEnabled()) {
+        err << "Can't calculate " << LineName(title) << '\n';
+        return 1;
+    }
+    const FixedWidthTextMeasurer measurer;
+    LineResults results(shared, port, measurer);
+    const CalculationOutcome outcome = CalculateLine(document.calculationInput(), shared,
+                                                     results.tables(), port, results.channel());
+    if (outcome != CalculationOutcome::Completed)
+        return 1;
+    results.Activate();
+    for (const ReportQuery& query : request.queries)
+        RunQuery(results.queries(), query, port);
+    out << results.ComposeResultsText() << '\n';
+    return 0;
+}
+
+int RunReport(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    ReportRequest request;
+    bool haveFile = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& arg = args[i];
+        if (arg == "--help")
+            return kShowHelp;
+        if (arg == "--percent" || arg == "--dose") {
+            if (i + 1 >= args.size())
+                return kWrongUsage;
+            const auto kind =
+                arg == "--percent" ? ReportQuery::Kind::Percent : ReportQuery::Kind::Dose;
+            request.queries.push_back({kind, args[++i]});
+        } else if (arg.size() > 1 && arg[0] == '-') {
+            return kWrongUsage;
+        } else if (!haveFile) {
+            request.file = arg;
+            haveFile = true;
+        } else {
+            return kWrongUsage;
+        }
+    }
+    if (!haveFile)
+        return kWrongUsage;
+    return ReportLine(request, out, err);
+}
+
+}  // namespace morvane::cli
