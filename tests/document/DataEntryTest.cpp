@@ -74,7 +74,8 @@ TEST_F(DataEntryTest, ZeroDoseIsRefusedWhenEachTreatmentHasAControl) {
     StartLine(0, "hour");
     ASSERT_TRUE(doc.main().CheckCoVisible);
     Type("0", "1", "9", true);
-    EXPECT_EQ(LastMessage(), "Cant accept 0 value when you have control associated each treatment.");
+    EXPECT_EQ(LastMessage(),
+              "Cant accept 0 value when you have control associated each treatment.");
     EXPECT_EQ(doc.Grid1().rows(), 2);
 }
 
@@ -230,7 +231,7 @@ TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
     doc.setTextDose("1e45");
     doc.setText1input("3");
     doc.setText2input("7");
-    EXPECT_TRUE(doc.AcceptRow());  // an imported dose of 1e+45 is taken
+    EXPECT_TRUE(doc.AcceptRow());        // an imported dose of 1e+45 is taken
     EXPECT_EQ(doc.main().TextDose, "");  // all three cells are emptied
     EXPECT_EQ(doc.main().Text1input, "");
     doc.setTextDose("1e51");
@@ -318,7 +319,8 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
     doc.CommandAccept();
     EXPECT_EQ(doc.main().RowsWereRemoved, 0);
     EXPECT_EQ(doc.Grid1().rows(), 4);
-    for (int r = 1; r < doc.Grid1().rows(); ++r) EXPECT_EQ(doc.Grid1().rowHeight(r), 240);
+    for (int r = 1; r < doc.Grid1().rows(); ++r)
+        EXPECT_EQ(doc.Grid1().rowHeight(r), 240);
     EXPECT_EQ(doc.Grid1().rowHeight(0), 500);
 }
 
@@ -381,7 +383,8 @@ TEST_F(DataEntryTest, AcceptWithoutALineIsRefusedPlainly) {
     doc.setText1input("4");
     doc.setText2input("6");
     doc.CommandAccept();
-    EXPECT_EQ(LastMessage(), "There is no line to take this row.\nStart a new file or open one first.");
+    EXPECT_EQ(LastMessage(),
+              "There is no line to take this row.\nStart a new file or open one first.");
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 3);
 }

@@ -20,9 +20,10 @@ namespace morvane::testing {
 
 // A folder made for one test and removed after it.
 class TempFolder {
-public:
+  public:
     TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "morvane-doc-XXXXXX").string();
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "morvane-doc-XXXXXX").string();
         path = mkdtemp(pattern.data());
     }
     ~TempFolder() {
@@ -42,7 +43,9 @@ inline std::string FixturePath(const std::string& name) {
     return std::string(MORVANE_DOCUMENT_FIXTURES) + "/" + name;
 }
 
-inline std::string ReadBytes(const std::string& path) { return ReadFileBytes(path); }
+inline std::string ReadBytes(const std::string& path) {
+    return ReadFileBytes(path);
+}
 
 inline void WriteBytes(const std::string& path, const std::string& bytes) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
@@ -52,8 +55,8 @@ inline void WriteBytes(const std::string& path, const std::string& bytes) {
 // Two tables hold the same cells: size, texts and colours (not the current cell).
 inline ::testing::AssertionResult SameCells(const TextTable& a, const TextTable& b) {
     if (a.rows() != b.rows() || a.cols() != b.cols())
-        return ::testing::AssertionFailure() << a.rows() << "x" << a.cols() << " against " << b.rows()
-                                             << "x" << b.cols();
+        return ::testing::AssertionFailure()
+               << a.rows() << "x" << a.cols() << " against " << b.rows() << "x" << b.cols();
     for (int r = 0; r < a.rows(); ++r)
         for (int c = 0; c < a.cols(); ++c)
             if (!(a.cell(r, c) == b.cell(r, c)))
@@ -80,21 +83,23 @@ struct RecordingObserver : DocumentObserver {
 };
 
 class DocumentTest : public ::testing::Test {
-protected:
+  protected:
     DocumentTest() { doc.setObserver(&observer); }
 
     // A new line as the user makes one: New, then the options dialog filled in and OK.
     // The unit picks the factor type as the dialog's rules do.
     void StartLine(int dataType, const std::string& unit1 = "mg", const std::string& unit2 = "",
                    int factor = 0) {
-        if (doc.main().Modified == 1) port.answers.push_back(Answer::No);  // don't save
+        if (doc.main().Modified == 1)
+            port.answers.push_back(Answer::No);  // don't save
         doc.CommandNew();
         ASSERT_TRUE(doc.fileOptions().Visible);
         FileOptions& o = doc.fileOptionsControls();
         o.setDataType(static_cast<std::int16_t>(dataType));
         o.setComboUnit1(unit1, shared);
         o.setComboUnit2(unit2, shared);
-        if (factor != 0) o.selectOption(factor, shared);
+        if (factor != 0)
+            o.selectOption(factor, shared);
         doc.FileOptionsOK();
         ASSERT_FALSE(doc.fileOptions().Visible);
     }
@@ -102,7 +107,8 @@ protected:
     // A line on the "Customize units" tab.
     void StartCustomLine(int dataType, bool controlEach, const std::string& factor = "Dose",
                          const std::string& abbreviation = "LD", const std::string& units = "mg") {
-        if (doc.main().Modified == 1) port.answers.push_back(Answer::No);  // don't save
+        if (doc.main().Modified == 1)
+            port.answers.push_back(Answer::No);  // don't save
         doc.CommandNew();
         FileOptions& o = doc.fileOptionsControls();
         o.setDataType(static_cast<std::int16_t>(dataType));
@@ -128,14 +134,16 @@ protected:
             doc.setText2input(second);
             doc.leaveText2input();
         }
-        if (doc.main().CheckCoVisible) doc.setCheckCo(control);
+        if (doc.main().CheckCoVisible)
+            doc.setCheckCo(control);
         doc.CommandAccept();
     }
 
     // The row's cell texts joined by "|".
     std::string Row(const TextTable& grid, int row) const {
         std::string out;
-        for (int c = 0; c < grid.cols(); ++c) out += (c ? "|" : "") + grid.text(row, c);
+        for (int c = 0; c < grid.cols(); ++c)
+            out += (c ? "|" : "") + grid.text(row, c);
         return out;
     }
 

@@ -6,7 +6,7 @@ namespace morvane::testing {
 namespace {
 
 class LineFileTest : public DocumentTest {
-protected:
+  protected:
     // The two rows of the worked file, typed: a control at dose 0 and a treatment at
     // dose 10, as totals and responded, in micrograms per millilitre.
     void TypeWorkedExample() {
@@ -59,6 +59,286 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
     EXPECT_EQ(other.Grid1().back(1, 2), kControlColor);
     EXPECT_EQ(Row(other.Grid2(), 1), "0|20|5.000|0.000");
     EXPECT_EQ(Row(other.Grid2(), 2), "10|20|80.000|78.947");
+}
+
+// ---- Round trips: every data type, with and without a control for each treatment,
+// with and without replicates weighting.
+
+struct Layout {
+    int dataType;
+    bool controlEach;
+    bool weighting;
+};
+
+class RoundTripTest : public LineFileTest, public ::testing::WithParamInterface<Layout> {};
+
+TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
+    const Layout layout = GetParam();
+    StartCustomLine(layout.dataType, layout.controlEach, "Con.", "RC", "ppm");
+    SetWeighting(layout.weighting);
+    const bool two = layout.dataType != 2;
+    Type("0.5", "40", two ? "12" : "", false);
+    Type("2", "40", two ? "20" : "", false);
+    Type("2", "30", two ? "21" : "", false);
+    Type("12.5", "35", two ? "30" : "", false);
+    Type("1E-05", "30", two ? "3" : "", false);
+    if (layout.controlEach) {
+        Type("2", "40", two ? "4" : "", true);
+        Type("12.5", "30", two ? "3" : "", true);
+    } else {
+        Type("0", "40", two ? "4" : "", false);
+        Type("0", "45", two ? "2" : "", false);
+    }
+    doc.setTextDose("");
+    doc.setTextName("Round trip, layout " + std::to_string(layout.dataType));
+    InfForm notes = doc.OpenNotesSheet();
+    notes.setText2("Culex pipiens");
+    notes.setText3("03 / 04 / 2005");
+    notes.setText4("first line\r\nsecond line, with a comma");
+    doc.NotesOK(notes);
+    const std::string path = SaveAs("round.mrv");
+    ASSERT_EQ(doc.main().Modified, 0);
+
+    SharedRegisters otherShared;
+    ScriptedUserPort otherPort;
+    LineDocument other(otherShared, otherPort, folder.path);
+    ASSERT_TRUE(other.OpenLineFile(path)) << otherPort.texts().back();
+    EXPECT_TRUE(otherPort.messages.empty());
+    EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
+    EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
+    EXPECT_EQ(other.fileOptions().controls, doc.fileOptions().controls);
+    EXPECT_EQ(other.notes(), doc.notes());
+    EXPECT_EQ(other.ControlPerTreatment(), layout.controlEach);
+    EXPECT_EQ(other.CalculateEnabled(), doc.CalculateEnabled());
+    EXPECT_EQ(otherShared.DoseWord, "Con.");
+    EXPECT_EQ(otherShared.UnitWord, "ppm");
+    EXPECT_EQ(otherShared.EstimateWord, "RC");
+    // What was read writes the very bytes of the file again.
+    EXPECT_EQ(WriteLineFile(other.fileOptions().controls, other.Grid1(), other.notes()),
+              ReadBytes(path));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryLayout, RoundTripTest,
+                         ::testing::Values(Layout{0, false, false}, Layout{0, false, true},
+                                           Layout{0, true, false}, Layout{0, true, true},
+                                           Layout{1, false, false}, Layout{1, false, true},
+                                           Layout{1, true, false}, Layout{1, true, true},
+                                           Layout{2, false, false}, Layout{2, false, true},
+                                           Layout{2, true, false}, Layout{2, true, true}));
+
+// ---- The edge cases of the format.
+
+TEST_F(LineFileTest, AnEmptyTableIsStoredAsTwoRowsAndTheNotesOnly) {
+    StartLine(0, "mg");
+    doc.setTextName("Empty");
+    const std::string path = SaveAs("empty.mrv");
+    EXPECT_EQ(
+        ReadBytes(path),
+        "2,\"\",\"\",\"\",\"\",\"\"\r\n0,0,\"mg\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n"
+        "2,7\r\n\"Empty\",\"\",\"\",\"\"\r\n");
+    LineDocument other(shared, port, folder.path);
+    ASSERT_TRUE(other.OpenLineFile(path));
+    EXPECT_EQ(other.Grid1().rows(), 2);
+    EXPECT_EQ(other.Grid1().cols(), 7);
+    EXPECT_EQ(other.notes().TreatmentName, "Empty");
+}
+
+TEST_F(LineFileTest, ADoubleQuoteInANoteIsWrittenAsItStandsAndSpoilsReading) {
+    StartLine(2);
+    Type("5", "50");
+    doc.setTextName("Dose \"A\", second");
+    const std::string path = SaveAs("quote.mrv");
+    const std::string bytes = ReadBytes(path);
+    EXPECT_NE(bytes.find("\"Dose \"A\", second\",\"\",\"\",\"\"\r\n"), std::string::npos);
+    LineDocument other(shared, port, folder.path);
+    ASSERT_TRUE(other.OpenLineFile(path));
+    // The name ends at its second quote, and what follows the comma inside it takes the
+    // place of the next note.
+    EXPECT_EQ(other.notes().TreatmentName, "Dose ");
+    EXPECT_EQ(other.notes().TreatedTarget, "second\"");
+}
+
+TEST_F(LineFileTest, AFirstFieldOfOneSelectsTheOlderLayoutAndAnyOtherTheCurrent) {
+    std::string bytes = ReadBytes(FixturePath("worked-type1.mrv"));
+    bytes[0] = '7';
+    const std::string path = folder.file("seven.mrv");
+    WriteBytes(path, bytes);
+    ASSERT_TRUE(doc.OpenLineFile(path));
+    EXPECT_TRUE(port.messages.empty());
+    EXPECT_EQ(doc.Grid1().rows(), 4);
+
+    bytes[0] = '1';
+    WriteBytes(path, bytes);
+    EXPECT_FALSE(doc.OpenLineFile(path));
+    ASSERT_EQ(port.messages.size(), 2u);
+    EXPECT_EQ(port.messages[0].text, OlderVersionLines("seven.mrv"));
+    EXPECT_EQ(port.messages[0].text,
+              "\"seven.mrv\" file belongs to older version.\nWhen you save this file, it'll be "
+              "saved according to current version format.\nSo it'll not be accessible by the older "
+              "version.");
+    EXPECT_EQ(port.messages[1].text.rfind("An error occurred while opening this file.\n", 0), 0u);
+    EXPECT_EQ(doc.main().Caption, "Morvane");
+}
+
+TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
+    StartLine(2);
+    for (int i = 0; i < 32769; ++i) {
+        doc.setTextDose(std::to_string(1 + i % 40));
+        doc.setText1input("50");
+        ASSERT_TRUE(doc.AcceptRow());
+    }
+    doc.RebuildResponseTable();
+    const std::string path = SaveAs("large.mrv");
+    EXPECT_NE(ReadBytes(path).find("\r\n32771,4\r\n"), std::string::npos);
+    port.messages.clear();
+    LineDocument other(shared, port, folder.path);
+    EXPECT_FALSE(other.OpenLineFile(path));
+    EXPECT_EQ(LastMessage(),
+              "An error occurred while opening this file.\nthe number 32771 is too large for its "
+              "field");
+    EXPECT_EQ(other.Grid1().rows(), 2);
+    EXPECT_EQ(other.Grid1().cols(), 3);
+}
+
+TEST_F(LineFileTest, The32767RowsThatFitAreReadBack) {
+    StartLine(2);
+    for (int i = 0; i < 32765; ++i) {
+        doc.setTextDose(std::to_string(1 + i % 40));
+        doc.setText1input("50");
+        ASSERT_TRUE(doc.AcceptRow());
+    }
+    doc.RebuildResponseTable();
+    const std::string path = SaveAs("fits.mrv");
+    LineDocument other(shared, port, folder.path);
+    ASSERT_TRUE(other.OpenLineFile(path));
+    EXPECT_EQ(other.Grid1().rows(), 32767);
+    EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
+}
+
+// ---- The older layout.
+
+TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
+    StartLine(1, "ug", "ml");
+    Type("0", "20", "1");
+    Type("1", "20", "4");
+    Type("1", "20", "6");
+    Type("10", "20", "16");
+
+    SharedRegisters otherShared;
+    ScriptedUserPort otherPort;
+    LineDocument other(otherShared, otherPort, folder.path);
+    ASSERT_TRUE(other.OpenLineFile(FixturePath("older-type1.mrv")));
+    ASSERT_EQ(otherPort.messages.size(), 1u);
+    EXPECT_EQ(otherPort.messages[0].text, OlderVersionLines("older-type1.mrv"));
+    EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
+    EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
+    EXPECT_EQ(Row(other.Grid1(), 3), "T|1|20|6|30.000|1.00000000000T");
+    EXPECT_EQ(otherShared.DoseWord, "Con.");
+    EXPECT_EQ(otherShared.UnitWord, "ug / ml");
+    EXPECT_EQ(other.notes().TreatmentName, "Old treatment");
+    EXPECT_EQ(other.notes().MoreInformation, "kept");
+    EXPECT_EQ(other.main().TextName, "Old treatment");
+    EXPECT_EQ(other.main().OlderVersionFile, 1);
+    EXPECT_EQ(other.main().FileTitle, "older-type1.mrv");
+    EXPECT_EQ(other.main().FilePath, FixturePath("older-type1.mrv"));
+    EXPECT_EQ(other.main().Caption, "Morvane, older-type1.mrv");
+    // The state of an older file just opened: nothing unsaved, Save still enabled.
+    EXPECT_EQ(other.main().Modified, 0);
+    EXPECT_TRUE(other.main().CommandSaveEnabled);
+    EXPECT_TRUE(other.main().CommandInfFormEnabled);
+    EXPECT_TRUE(other.main().CommandChgangeOptionsEnabled);
+    EXPECT_TRUE(other.main().TextNameEnabled);
+}
+
+TEST_F(LineFileTest, AnOlderTimeFileTakesTheControlsOfItsSecondTable) {
+    StartLine(0, "hour");
+    SetWeighting(true);
+    doc.fileOptionsControls().controls.Combo7 = "0.10";
+    Type("1", "3", "17");
+    Type("2", "8", "12");
+    Type("4", "15", "5");
+    Type("1", "1", "19", true);
+    Type("2", "2", "18", true);
+    LineDocument other(shared, port, folder.path);
+    ASSERT_TRUE(other.OpenLineFile(FixturePath("older-time.mrv")));
+    EXPECT_TRUE(other.ControlPerTreatment());
+    EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
+    EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
+    EXPECT_EQ(Row(other.Grid2(), 1), "1|20|15.000|5.000|10.526");
+    EXPECT_EQ(other.main().CheckCo, 0);
+    EXPECT_EQ(other.fileOptions().TAlpha(), 0);
+    EXPECT_EQ(other.fileOptions().controls.Check2, 1);
+}
+
+TEST_F(LineFileTest, AnOlderFileWithAnEmptySecondValueEndsInTheOpeningError) {
+    EXPECT_FALSE(doc.OpenLineFile(FixturePath("older-missing-value.mrv")));
+    ASSERT_EQ(port.messages.size(), 2u);
+    EXPECT_EQ(port.messages[1].text,
+              "An error occurred while opening this file.\n\"\" is not a number");
+    EXPECT_EQ(doc.Grid1().rows(), 2);
+    EXPECT_EQ(doc.Grid1().cols(), 3);
+    EXPECT_EQ(doc.main().OlderVersionFile, 0);
+    EXPECT_EQ(doc.main().Caption, "Morvane");
+    EXPECT_EQ(doc.main().FilePath, "");
+}
+
+TEST_F(LineFileTest, AnOlderFileIsSavedInTheCurrentLayout) {
+    const std::string path = folder.file("older-copy.mrv");
+    WriteBytes(path, ReadBytes(FixturePath("older-type1.mrv")));
+    ASSERT_TRUE(doc.OpenLineFile(path));
+    const TextTable rows = doc.Grid1();
+    doc.CommandSave();  // its path is known: written over without a dialog
+    EXPECT_TRUE(port.saveDialogs.empty());
+    EXPECT_EQ(doc.main().OlderVersionFile, 0);
+    EXPECT_EQ(ReadBytes(path).substr(0, 18), "2,\"\",\"\",\"\",\"\",\"\"\r\n");
+    LineDocument again(shared, port, folder.path);
+    port.messages.clear();
+    ASSERT_TRUE(again.OpenLineFile(path));
+    EXPECT_TRUE(port.messages.empty());
+    EXPECT_TRUE(SameCells(again.Grid1(), rows));
+    EXPECT_EQ(again.main().OlderVersionFile, 0);
+}
+
+// ---- The silent reading of the comparison of lines.
+
+TEST_F(LineFileTest, BatchReadingLoadsTheLineAndRebuildsWithoutAWord) {
+    shared.BatchName = "Line A";
+    ASSERT_TRUE(doc.OpenLineForBatch(FixturePath("worked-type1.mrv")));
+    EXPECT_TRUE(port.messages.empty());
+    EXPECT_EQ(Row(doc.Grid2(), 2), "10|20|80.000|78.947");
+    EXPECT_EQ(doc.main().FileTitle, "New file");
+    EXPECT_EQ(doc.main().FilePath, "");
+    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.notes().TreatmentName, "Treatment A");
+    EXPECT_EQ(shared.BatchFailed, 0);
+}
+
+TEST_F(LineFileTest, BatchReadingReportsAFailureOnlyInTheBatchRegisters) {
+    shared.BatchName = "Line B";
+    EXPECT_FALSE(doc.OpenLineForBatch(folder.file("missing.mrv")));
+    EXPECT_TRUE(port.messages.empty());
+    EXPECT_EQ(shared.BatchFailed, 1);
+    EXPECT_EQ(shared.BatchMessage,
+              "An error occurred while opening Line B\nNo such file or directory");
+}
+
+TEST_F(LineFileTest, BatchReadingOfAnOlderFileTakesOnlyItsFirstTable) {
+    shared.BatchName = "Old timed line";
+    ASSERT_TRUE(doc.OpenLineForBatch(FixturePath("older-time.mrv")));
+    EXPECT_TRUE(port.messages.empty());
+    EXPECT_EQ(doc.Grid1().rows(), 5);  // three treatments, no controls
+    for (int r = 1; r <= 3; ++r)
+        EXPECT_EQ(doc.Grid1().text(r, 0), "T");
+    EXPECT_EQ(Row(doc.Grid2(), 1), "1|20|15.000||15.000");
+    EXPECT_EQ(shared.BatchFailed, 0);
+}
+
+TEST_F(LineFileTest, BatchReadingOfADamagedOlderFileEmptiesTheDocument) {
+    shared.BatchName = "Broken";
+    EXPECT_FALSE(doc.OpenLineForBatch(FixturePath("older-missing-value.mrv")));
+    EXPECT_EQ(shared.BatchFailed, 1);
+    EXPECT_EQ(shared.BatchMessage, "An error occurred while opening Broken\n\"\" is not a number");
+    EXPECT_EQ(doc.Grid1().cols(), 3);
 }
 
 }  // namespace
