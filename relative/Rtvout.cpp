@@ -11,7 +11,7 @@ Rtvout::Rtvout() : Grid1(2, 3), Grid2(2, grid2col::Count) {
     Grid1.setColumnAlignment(1, 1);
 }
 
-void SizeResultColumns(Rtvout& rtvout, const TextWidth& measure) {
+void SizeResultColumns(Rtvout& rtvout, const TextMeasurer& measurer) {
     TextTable& grid = rtvout.Grid1;
     const int key = grid.cols() - 1;
     if (key < 0)
@@ -20,9 +20,9 @@ void SizeResultColumns(Rtvout& rtvout, const TextWidth& measure) {
     for (int col = 0; col < key; ++col) {
         int width = 100;
         for (int row = 0; row < grid.rows(); ++row) {
-            const int wanted = measure(grid.text(row, col)) + 180;
+            const double wanted = measurer.textWidth(grid.text(row, col)) + 180;
             if (wanted > width)
-                width = wanted;
+                width = static_cast<int>(std::nearbyint(wanted));
         }
         grid.setColumnWidth(col, width);
     }

@@ -12,12 +12,12 @@
 // redraws but not a new comparison.
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "core/TextTable.h"
 #include "relative/FormControls.h"
+#include "results/TextMeasurer.h"
 
 namespace morvane {
 
@@ -83,11 +83,9 @@ class Rtvout {
     bool BackRequestedRelative = false;
 };
 
-// Widths of text in twips in the window's font, as the shell measures them.
-using TextWidth = std::function<int(const std::string& text)>;
-
 // "Auto resize columns width": each column but the hidden key gets the widest of its
-// texts, header included, plus 180 twips, and at least 100; the key column stays 0.
-void SizeResultColumns(Rtvout& rtvout, const TextWidth& measure);
+// texts, header included, plus 180 twips, rounded, and at least 100; the key column
+// stays 0. Widths in twips in the window's font.
+void SizeResultColumns(Rtvout& rtvout, const TextMeasurer& measurer);
 
 }  // namespace morvane
