@@ -1,0 +1,95 @@
+#pragma once
+// Runs the built morvane-cli as a whole process in a folder of its own, on files the
+// test writes there, and gives back everything it wrote and its exit status.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace morvane::testing {
+
+struct CliResult {
+    std::string out;
+    std::string err;
+    int status = -1;
+};
+
+// A folder under the system's temporary folder, removed with its files at the end.
+class TempFolder {
+  public:
+    TempFolder() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "morvane-cli-test-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr)
+            ADD_FAILURE() << "no temporary folder";
+        path_ = pattern;
+    }
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream file(path, std::ios::binary);
+    file << bytes;
+}
+
+inline std::string ReadBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+// A word for the shell, in single quotes.
+inline std::string ShellWord(const std::string& word) {
+    std::string out = "'";
+    for (char c : word)
+        out += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return out + "'";
+}
+
+// Runs morvane-cli with the arguments, its working folder the one given.
+inline CliResult RunCli(const std::vector<std::string>& args, const std::filesystem::path& folder) {
+    const std::filesystem::path out = folder / ".stdout";
+    const std::filesystem::path err = folder / ".stderr";
+    std::string command = "cd " + ShellWord(folder.string()) + " && " + ShellWord(MORVANE_CLI_PATH);
+    for (const std::string& arg : args)
+        command += " " + ShellWord(arg);
+    command += " >" + ShellWord(out.string()) + " 2>" + ShellWord(err.string()) + " </dev/null";
+    const int raw = std::system(command.c_str());
+    CliResult result;
+    result.out = ReadBytes(out);
+    result.err = ReadBytes(err);
+    result.status = raw != -1 && WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+    return result;
+}
+
+// The text of a line file of the current layout, as the program writes it: the
+// version record, the options record given, the size record, every cell of the
+// table quoted with a comma behind it, then the notes record on the same line.
+inline std::string CurrentLineFile(const std::string& options, int columns,
+                                   const std::vector<std::vector<std::string>>& rows,
+                                   const std::string& notes) {
+    std::string text = "2,\"\",\"\",\"\",\"\",\"\"\r\n" + options + "\r\n";
+    text += std::to_string(rows.size() + 2) + "," + std::to_string(columns) + "\r\n";
+    for (const auto& row : rows)
+        for (const std::string& cell : row)
+            text += "\"" + cell + "\",";
+    return text + notes + "\r\n";
+}
+
+}  // namespace morvane::testing
