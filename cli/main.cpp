@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/CliCommand.h"
+#include "cli/CompareCommand.h"
 #include "cli/ReportCommand.h"
 
 namespace {
@@ -14,6 +15,7 @@ using morvane::cli::Command;
 
 const Command kCommands[] = {
     {"report", morvane::cli::RunReport, morvane::cli::kReportUsage},
+    {"compare", morvane::cli::RunCompare, morvane::cli::kCompareUsage},
 };
 
 std::string Usage() {
