@@ -369,6 +369,28 @@ TEST(LineBatch, AReferenceOfZeroStopsTheComparisonWithAMessage) {
     EXPECT_FALSE(c.rtvin.rtvoutLoaded());
 }
 
+TEST(LineBatch, NoLowerLimitIsAnEmptyCellAndNoUpperLimitIsZero) {
+    // The first line's doses all underflow to 0 before any text was written: its
+    // estimate cell stays empty and reads as 0, so it sorts first, and both limits
+    // read back as 0 from the empty text. The lower one is written as an empty cell,
+    // the upper one as "0", which the test of differences takes for a value.
+    Comparison c;
+    c.add("tiny",
+          FakeLine{LineSpec{
+              .slope = 0.001, .meanLogDose = 0, .meanProbit = 6.2816, .sumSquaresLogDose = 1e8}});
+    c.add("b", AtLog(1));
+    c.rtvin.Check4Click(false);
+    c.rtvin.Check5Click(false);
+    ASSERT_EQ(c.run(), BatchOutcome::Shown);
+    EXPECT_EQ(RelativeTableText(c.out()),
+              "No\tLine name\tLD50\tLower limit\tUpper limit\t1\t2\tSlope\tLD90\n"
+              "1\ttiny\t0\t\t0\t\t\t0.0010\t1.000\n"
+              "2\tb\t10\t7.143\t13.999\t\t*\t2.000\t43.732\n"
+              "\n"
+              "\n");
+    EXPECT_EQ(c.out().Grid1.text(1, c.out().columns.SortKeyColumn), "0.000000000000");
+}
+
 TEST(LineBatch, ALineWhoseLimitsOverflowStopsTheComparisonWithItsName) {
     Comparison c;
     c.add("a", AtLog(1));
