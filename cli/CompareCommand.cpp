@@ -52,11 +52,15 @@ constexpr int kRefused = 2;
 constexpr int kFailed = 1;
 
 // The console port that answers the comparison window's file dialog with the files
-// of the command line, one after the other, and then cancels.
+// of the command line, one after the other, and then cancels. It also keeps the
+// progress line, which it clears before any message, so that a message starts a line
+// of its own.
 class ComparePort : public ConsoleUserPort {
   public:
-    explicit ComparePort(std::ostream& err) : ConsoleUserPort(err) {}
+    ComparePort(std::ostream& err, std::ostream* progress)
+        : ConsoleUserPort(err), progress_(progress) {}
     std::deque<std::string> files;
+
     std::optional<std::string> openFileName(const FileDialog&) override {
         if (files.empty())
             return std::nullopt;
@@ -64,6 +68,28 @@ class ComparePort : public ConsoleUserPort {
         files.pop_front();
         return next;
     }
+    Answer ask(const Message& message) override {
+        clearProgress();
+        return ConsoleUserPort::ask(message);
+    }
+
+    void showProgress(const BatchProgress& p) {
+        if (!progress_)
+            return;
+        *progress_ << "\r\033[Kline " << p.line << " of " << p.lines << ": " << p.name
+                   << std::flush;
+        progressShown_ = true;
+    }
+    void clearProgress() {
+        if (!progressShown_)
+            return;
+        *progress_ << "\r\033[K" << std::flush;
+        progressShown_ = false;
+    }
+
+  private:
+    std::ostream* progress_;
+    bool progressShown_ = false;
 };
 
 // The value must be typable into the field: the window drops other keys.
@@ -169,7 +195,7 @@ bool SetOptions(Rtvin& rtvin, const CompareRequest& request, ComparePort& port, 
 
 int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream& err) {
     SharedRegisters shared;
-    ComparePort port(err);
+    ComparePort port(err, request.progress);
     Rtvin rtvin;
     if (!SetOptions(rtvin, request, port, err))
         return kRefused;
@@ -189,25 +215,13 @@ int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream&
     DocumentLineCalculator calculator(document, results);
 
     BatchHooks hooks;
-    bool progressShown = false;
-    if (request.progress) {
-        hooks.progress = [&](const BatchProgress& p) {
-            *request.progress << "\r\033[Kline " << p.line << " of " << p.lines << ": " << p.name
-                              << std::flush;
-            progressShown = true;
-        };
-    }
+    hooks.progress = [&port](const BatchProgress& p) { port.showProgress(p); };
     hooks.showResults = [&] {
-        if (progressShown)
-            *request.progress << "\r\033[K" << std::flush;
-        progressShown = false;
+        port.clearProgress();
         out << RelativeTableText(*rtvin.rtvout());
     };
-    // Messages of the lines (an illegal slope's box) and of the failure follow the
-    // progress line on a line of their own.
     const BatchOutcome outcome = RunComparison(rtvin, shared, calculator, port, hooks);
-    if (progressShown)
-        *request.progress << "\r\033[K" << std::flush;
+    port.clearProgress();
     switch (outcome) {
         case BatchOutcome::Shown:
             return 0;
