@@ -196,9 +196,18 @@ class LineDocument {
     void RebuildMatchedResponseTable();
 
     // ---- Commands of the window and the routing around the file.
+    // New: the "save changes" question, then the defaults loaded into the options
+    // dialog, which is shown (optionsDialogShown); its OK or Cancel finishes the work.
     void CommandNew();
+    // Open: the question, the open dialog, then OpenLineFile.
     void CommandOpen();
+    // Save: asks about data left in the input cells; without a FilePath shows the save
+    // dialog with the cleaned treatment name and asks before replacing an existing
+    // line file (so the window's save dialog must not ask its own overwrite
+    // question); writes the file whole; then runs the command left in PendingCommand
+    // and ends the program when ClosingAfterSave is 1.
     void CommandSave();
+    // Relative: the question, then relativeRequested.
     void CommandRelative();
     // The window is asked to close: the "save changes" question. True when it may
     // close now; false when it stays (Cancel, or Yes, whose save ends the program).

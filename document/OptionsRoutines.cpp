@@ -132,6 +132,7 @@ void LineDocument::applyOptionsDialog(bool visible) {
     form_.Enabled = true;
     const bool wasShown = options_.Visible;
     options_.Visible = false;
+    options_.endHighlight();
     beforeNew_.reset();
     if (wasShown && observer_)
         observer_->optionsDialogHidden();
@@ -148,6 +149,7 @@ void LineDocument::FileOptionsCancel() {
     form_.Enabled = true;
     form_.ImportAfterNew = 0;
     options_.Visible = false;
+    options_.endHighlight();
     // The dialog holds the options of the open document. CommandNew loaded the
     // defaults into it; they are given back, so the document keeps its own options
     // and its words.
