@@ -13,7 +13,7 @@ constexpr double kPercentStripLeft = 250;
 constexpr double kPercentStripWidth = 450;
 constexpr double kDoseStripHeight = 300;
 constexpr double kTitleHeight = 285;
-constexpr LayoutRect kPercentTitle{10, 0, 230, 1900};
+constexpr LayoutRect kPercentTitle{10, 0, 230, 3000};
 constexpr double kProbitStripWidth = 330;
 constexpr LayoutRect kProbitTitle{0, 0, 230, 1300};
 constexpr double kFrameWidth = 2250;

@@ -1,0 +1,168 @@
+#include "shell/ChartWidget.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include "shell/DrawingPainter.h"
+#include "shell/Twips.h"
+
+namespace morvane {
+namespace {
+
+constexpr double kLabelPoints = 7.5;
+
+QRectF TwipRect(const QPaintDevice& d, double left, double top, double width, double height) {
+    return QRectF(left * PixelsPerTwipX(d), top * PixelsPerTwipY(d), width * PixelsPerTwipX(d),
+                  height * PixelsPerTwipY(d));
+}
+
+QRectF TwipRect(const QPaintDevice& d, const LayoutRect& r) {
+    return TwipRect(d, r.left, r.top, r.width, r.height);
+}
+
+}  // namespace
+
+ChartWidget::ChartWidget(LogProbitChart& chart, QWidget* parent) : QWidget(parent), chart_(chart) {
+    setObjectName("PictureFig");
+    text7_ = new QLineEdit(this);
+    text7_->setObjectName("Text7");
+    text7_->setAlignment(Qt::AlignCenter);
+    text7_->setFrame(false);
+    text7_->setStyleSheet("background: transparent;");
+    QFont title = text7_->font();
+    title.setBold(true);
+    text7_->setFont(title);
+    text7_->installEventFilter(this);
+    setAutoFillBackground(false);
+}
+
+// The title has no border until it has the focus, so that it reads as a title and
+// can still be retyped in place.
+bool ChartWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == text7_) {
+        if (event->type() == QEvent::FocusIn) {
+            text7_->setFrame(true);
+            text7_->setStyleSheet({});
+        } else if (event->type() == QEvent::FocusOut) {
+            text7_->setFrame(false);
+            text7_->setStyleSheet("background: transparent;");
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ChartWidget::setChartLayout(const ChartLayout& layout) {
+    layout_ = layout;
+    const LayoutRect& fig = layout.PictureFig;
+    setGeometry(TwipRect(*this, fig).toRect());
+    text7_->setGeometry(TwipRect(*this, layout.Text7).toRect());
+    chart_.setPlotSize(layout.Picture1.width, layout.Picture1.height);
+    chart_.setPercentStripHeight(layout.Picture3.height);
+    update();
+}
+
+QRect ChartWidget::plotRect() const {
+    return TwipRect(*this, layout_.Picture1).toRect();
+}
+
+void ChartWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFigure(painter);
+}
+
+void ChartWidget::paintFigure(QPainter& painter) const {
+    const QPaintDevice& d = *painter.device();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setRenderHint(QPainter::TextAntialiasing, true);
+    painter.fillRect(TwipRect(d, 0, 0, layout_.PictureFig.width, layout_.PictureFig.height),
+                     QColor(248, 249, 251));
+
+    const LayoutRect& plot = layout_.Picture1;
+    const QRectF plotArea = TwipRect(d, plot);
+    painter.fillRect(plotArea, Qt::white);
+
+    // The ruling of the paper: faint lines at the percent labels and the cycles.
+    painter.setPen(QPen(QColor(222, 226, 234), 1));
+    for (int i = 1; i < LogProbitChart::kPercentLabels - 1; ++i) {
+        const ChartLabel& label = chart_.percentLabel(i);
+        const double y = plot.top + label.top + label.height / 2 - 75;
+        painter.drawLine(TwipRect(d, plot.left, y, plot.width, 0).topLeft(),
+                         TwipRect(d, plot.right(), y, 0, 0).topLeft());
+    }
+    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
+        const ChartLabel& tick = chart_.tickLabel(i);
+        if (tick.left <= 0)
+            continue;
+        const double x = plot.left + tick.left + tick.width / 2;
+        painter.drawLine(TwipRect(d, x, plot.top, 0, 0).topLeft(),
+                         TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
+    }
+
+    // The plot: the chart's drawing, clipped to its area as the surface clips it.
+    painter.save();
+    painter.setClipRect(plotArea);
+    PaintDrawing(painter, chart_.drawing(), QPointF(plot.left, plot.top));
+    painter.restore();
+    painter.setPen(QPen(QColor(60, 66, 80), 1.2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(plotArea);
+
+    // Tick marks at the inner cycle boundaries.
+    painter.setPen(QPen(QColor(40, 40, 40), 1.2));
+    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
+        const ChartLabel& tick = chart_.tickLabel(i);
+        if (tick.left <= 0)
+            continue;
+        const double x = plot.left + tick.left + tick.width / 2;
+        painter.drawLine(TwipRect(d, x, plot.top + tick.top, 0, 0).topLeft(),
+                         TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
+    }
+
+    QFont labelFont = ToQFont(TextFont{"", kLabelPoints});
+    painter.setFont(labelFont);
+    painter.setPen(QColor(30, 34, 44));
+    auto drawLabel = [&](const ChartLabel& label, double stripLeft, double stripTop,
+                         Qt::Alignment alignment) {
+        if (label.caption.empty())
+            return;
+        const QRectF r =
+            TwipRect(d, stripLeft + label.left, stripTop + label.top, label.width, label.height);
+        // A little room beyond the label's box, away from the plot.
+        const double left = alignment & Qt::AlignRight ? -20 : alignment & Qt::AlignLeft ? 0 : -20;
+        const double right = alignment & Qt::AlignLeft ? 20 : alignment & Qt::AlignRight ? 0 : 20;
+        painter.drawText(r.adjusted(left, -4, right, 4), alignment | Qt::AlignVCenter,
+                         QString::fromStdString(label.caption));
+    };
+    const LayoutRect& doses = layout_.Picture2;
+    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i)
+        drawLabel(chart_.doseLabel(i), doses.left, doses.top, Qt::AlignHCenter);
+    drawLabel(chart_.leftEndLabel(), doses.left, doses.top, Qt::AlignHCenter);
+    drawLabel(chart_.rightEndLabel(), doses.left, doses.top, Qt::AlignHCenter);
+    const LayoutRect& percents = layout_.Picture3;
+    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i)
+        drawLabel(chart_.percentLabel(i), percents.left, percents.top, Qt::AlignRight);
+    const LayoutRect& probits = layout_.Picture4;
+    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j)
+        drawLabel(chart_.probitLabel(j), probits.left, probits.top, Qt::AlignLeft);
+
+    // The titles of the two vertical axes, turned to read upward.
+    QFont titleFont = labelFont;
+    titleFont.setBold(true);
+    titleFont.setPointSizeF(8.5);
+    painter.setFont(titleFont);
+    auto drawTurned = [&](const LayoutRect& r, const QString& text) {
+        const QRectF area = TwipRect(d, r);
+        painter.save();
+        painter.translate(area.center());
+        painter.rotate(-90);
+        painter.drawText(QRectF(-area.height() / 2, -area.width() / 2, area.height(), area.width()),
+                         Qt::AlignCenter, text);
+        painter.restore();
+    };
+    drawTurned(layout_.Pictprcent, "Response percentage");
+    drawTurned(layout_.Pictprob, "Probit");
+    painter.restore();
+}
+
+}  // namespace morvane

@@ -1,0 +1,376 @@
+#include "shell/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QResizeEvent>
+#include <QStyle>
+
+#include "shell/Program.h"
+#include "shell/Twips.h"
+
+namespace morvane {
+namespace {
+
+// Design places of the controls above the tables, in twips.
+constexpr double kToolTop = 60;
+constexpr double kToolHeight = 420;
+constexpr double kCaptionTop = 560;
+constexpr double kCaptionHeight = 210;
+constexpr double kCellTop = 770;
+constexpr double kCellHeight = 360;
+constexpr double kCellWidth = 950;
+constexpr double kDoseLeft = 350;
+constexpr double kText1Left = 1350;
+constexpr double kText2Left = 2350;
+constexpr double kCheckCoLeft = 6350;
+constexpr double kNameLeft = 7400;
+constexpr double kPicture1Left = 150;
+constexpr double kPicture1Top = 1180;
+constexpr double kCalcHeight = 450;
+
+QPushButton* IconButton(QWidget* parent, QStyle::StandardPixmap icon, const char* tip) {
+    auto* button = new QPushButton(parent);
+    button->setIcon(parent->style()->standardIcon(icon));
+    button->setIconSize(QSize(20, 20));
+    button->setToolTip(tip);
+    return button;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
+    setObjectName("main");
+    setWindowTitle("Morvane");
+    LineDocument& doc = program_.document();
+    // Every control stands on one panel, which is disabled while a child window is
+    // open; the child windows themselves stay enabled.
+    content_ = new QWidget(this);
+    QWidget* const panel = content_;
+
+    commandNew_ = new QPushButton("New file", panel);
+    commandOpen_ = IconButton(panel, QStyle::SP_DialogOpenButton, "Open Morvane file");
+    commandSave_ = IconButton(panel, QStyle::SP_DialogSaveButton, "Save Morvane file");
+    commandRelative_ = IconButton(panel, QStyle::SP_DirOpenIcon, "Open Morvane files");
+    commandImport_ = IconButton(panel, QStyle::SP_ArrowDown, "Import data from Text or Excel file");
+    commandChangeOptions_ = IconButton(panel, QStyle::SP_FileDialogDetailedView, "File option");
+    commandNotes_ = IconButton(panel, QStyle::SP_FileDialogInfoView, "Notes sheet");
+    commandProbit_ = new QPushButton("Probit", panel);
+    commandControl_ = new QPushButton("Reduction %", panel);
+    commandFitLine_ = new QPushButton("Fit line", panel);
+    commandHelp_ = new QPushButton("Help", panel);
+    double left = kDoseLeft - 250;
+    const std::pair<QPushButton*, double> toolbar[] = {
+        {commandNew_, 1000},     {commandOpen_, 480},   {commandSave_, 480},
+        {commandRelative_, 480}, {commandImport_, 480}, {commandChangeOptions_, 480},
+        {commandNotes_, 480},    {commandProbit_, 900}, {commandControl_, 1300},
+        {commandFitLine_, 1000}, {commandHelp_, 900}};
+    for (const auto& [button, width] : toolbar) {
+        place(button, left, kToolTop, width, kToolHeight);
+        left += width + (button == commandNew_ || button == commandNotes_ ? 200 : 60);
+    }
+
+    doseLabel_ = new QLabel(panel);
+    text1Label_ = new QLabel(panel);
+    text2Label_ = new QLabel(panel);
+    nameLabel_ = new QLabel("Treatment name", panel);
+    for (QLabel* label : {doseLabel_, text1Label_, text2Label_, nameLabel_}) {
+        QFont f = label->font();
+        f.setPointSizeF(7.5);
+        label->setFont(f);
+        label->setStyleSheet("color: #404654;");
+    }
+    // The captions may reach over the gap to the next cell, and the last one over the
+    // buttons' column.
+    place(doseLabel_, kDoseLeft, kCaptionTop, kText1Left - kDoseLeft, kCaptionHeight);
+    place(text1Label_, kText1Left, kCaptionTop, kText2Left - kText1Left, kCaptionHeight);
+    place(text2Label_, kText2Left, kCaptionTop, 1500, kCaptionHeight);
+    place(nameLabel_, kNameLeft, kCaptionTop, 2500, kCaptionHeight);
+
+    textDose_ = makeCell(InputCell::TextDose);
+    text1input_ = makeCell(InputCell::Text1input);
+    text2input_ = makeCell(InputCell::Text2input);
+    place(textDose_, kDoseLeft, kCellTop, kCellWidth, kCellHeight);
+    place(text1input_, kText1Left, kCellTop, kCellWidth, kCellHeight);
+    place(text2input_, kText2Left, kCellTop, kCellWidth, kCellHeight);
+    checkCo_ = new QCheckBox("Control", panel);
+    checkCo_->setToolTip("The row is a control");
+    place(checkCo_, kCheckCoLeft, kCellTop, kCellWidth, kCellHeight);
+    commandAccept_ = new QPushButton("Accept", panel);
+    commandEdit_ = new QPushButton("Edit", panel);
+    commandDel_ = new QPushButton("Delete", panel);
+    commandAccept_->setToolTip("Add the row to the table");
+    commandEdit_->setToolTip("Move the selected row back to the input cells");
+    commandDel_->setToolTip("Delete the selected row");
+    textName_ = new QLineEdit(panel);
+
+    picture1_ = new QWidget(panel);
+    grid1_ = new TextTableView(picture1_);
+    grid2_ = new TextTableView(picture1_);
+    grid1_->setObjectName("Grid1");
+    grid2_->setObjectName("Grid2");
+    grid1_->setTable(&doc.Grid1());
+    grid2_->setTable(&doc.Grid2());
+    commandCalc_ = new QPushButton("Calculate", picture1_);
+    QFont calcFont = commandCalc_->font();
+    calcFont.setBold(true);
+    commandCalc_->setFont(calcFont);
+
+    // The buttons.
+    auto later = [this](const char* what) { return [this, what] { program_.laterVersion(what); }; };
+    connect(commandNew_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandNew(); }); });
+    connect(commandOpen_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandOpen(); }); });
+    connect(commandSave_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandSave(); }); });
+    connect(commandRelative_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandRelative(); }); });
+    connect(commandImport_, &QPushButton::clicked, this, later("Import from text and Excel files"));
+    connect(commandChangeOptions_, &QPushButton::clicked, this,
+            [this] { program_.openChangeOptions(); });
+    connect(commandNotes_, &QPushButton::clicked, this, [this] { program_.openNotes(); });
+    connect(commandProbit_, &QPushButton::clicked, this, [this] { program_.openProbit(); });
+    connect(commandControl_, &QPushButton::clicked, this, later("The Reduction % calculator"));
+    connect(commandFitLine_, &QPushButton::clicked, this,
+            later("Extrapolation and interpolation (Fit line)"));
+    connect(commandHelp_, &QPushButton::clicked, this, [this] { program_.openHelp("Hmain.htm"); });
+    connect(commandCalc_, &QPushButton::clicked, this, [this] { program_.calculate(); });
+    connect(commandAccept_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandAccept(); }); });
+    connect(commandEdit_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandEdit(); }); });
+    connect(commandDel_, &QPushButton::clicked, this,
+            [this] { program_.run([this] { program_.document().CommandDel(); }); });
+    connect(checkCo_, &QCheckBox::clicked, this, [this](bool ticked) {
+        program_.run([this, ticked] { program_.document().setCheckCo(ticked); });
+    });
+    connect(textName_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        program_.run([this, text] { program_.document().setTextName(text.toStdString()); });
+    });
+    connect(grid1_, &TextTableView::cellSelected, this, [this](int row, int col) {
+        if (!refreshing_)
+            program_.document().setGrid1Current(row, col);
+    });
+    connect(grid1_, &TextTableView::cellDoubleClicked, this, [this](int row, int col) {
+        program_.run([this, row, col] {
+            program_.document().setGrid1Current(row, col);
+            program_.document().CommandEdit();
+        });
+    });
+
+    setMinimumSize(PixelsX(*this, MinFormWidth - kWindowFrameWidth),
+                   PixelsY(*this, MinFormHeight - kWindowFrameHeight));
+    resize(minimumSize());
+    refresh();
+}
+
+void MainWindow::place(QWidget* widget, double left, double top, double width, double height) {
+    widget->setGeometry(PixelsX(*this, left), PixelsY(*this, top), PixelsX(*this, width),
+                        PixelsY(*this, height));
+}
+
+FilteredLineEdit* MainWindow::makeCell(InputCell cell) {
+    auto* edit = new FilteredLineEdit(content_);
+    edit->setKeyFilter([cell](char key) { return InputKeyAllowed(cell, key); });
+    edit->setArrowSignals(true);
+    connect(edit, &QLineEdit::textEdited, this, [this, cell](const QString& text) {
+        LineDocument& doc = program_.document();
+        if (cell == InputCell::TextDose)
+            doc.setTextDose(text.toStdString());
+        if (cell == InputCell::Text1input)
+            doc.setText1input(text.toStdString());
+        if (cell == InputCell::Text2input)
+            doc.setText2input(text.toStdString());
+    });
+    connect(edit, &FilteredLineEdit::enterPressed, this,
+            [this, cell] { moveBy(EnterKey(cell, program_.document().main().Text2inputVisible)); });
+    connect(edit, &FilteredLineEdit::rightArrowAtEnd, this, [this, cell] {
+        moveBy(RightArrowAtEnd(cell, program_.document().main().Text2inputVisible));
+    });
+    connect(edit, &FilteredLineEdit::leftArrowAtStart, this,
+            [this, cell] { moveBy(LeftArrowAtStart(cell)); });
+    connect(edit, &FilteredLineEdit::focusLeft, this, [this, cell] { leaveCell(cell); });
+    return edit;
+}
+
+void MainWindow::moveBy(KeyMove move) {
+    switch (move) {
+        case KeyMove::None:
+            return;
+        case KeyMove::ToTextDose:
+            textDose_->setFocus(Qt::OtherFocusReason);
+            return;
+        case KeyMove::ToText1input:
+            text1input_->setFocus(Qt::OtherFocusReason);
+            return;
+        case KeyMove::ToText2input:
+            text2input_->setFocus(Qt::OtherFocusReason);
+            return;
+        case KeyMove::ToCommandAccept:
+            commandAccept_->setFocus(Qt::OtherFocusReason);
+            return;
+        case KeyMove::RunAccept:
+            program_.run([this] { program_.document().CommandAccept(); });
+            return;
+    }
+}
+
+// Leaving a cell for another control of this window converts its text; a message
+// box or another window taking the focus is no leaving.
+void MainWindow::leaveCell(InputCell cell) {
+    if (refreshing_ || !contentEnabled_ || !isVisible())
+        return;
+    QWidget* next = QApplication::focusWidget();
+    if (!next || next->window() != this)
+        return;
+    program_.run([this, cell] {
+        LineDocument& doc = program_.document();
+        if (cell == InputCell::TextDose)
+            doc.leaveTextDose();
+        if (cell == InputCell::Text1input)
+            doc.leaveText1input();
+        if (cell == InputCell::Text2input)
+            doc.leaveText2input();
+    });
+}
+
+void MainWindow::refresh() {
+    refreshing_ = true;
+    const LineDocument& doc = program_.document();
+    const MainForm& form = doc.main();
+    const SharedRegisters& shared = program_.shared();
+    setWindowTitle(QString::fromStdString(form.Caption));
+
+    auto setText = [](QLineEdit* edit, const std::string& text) {
+        const QString value = QString::fromStdString(text);
+        if (edit->text() != value)
+            edit->setText(value);
+    };
+    setText(textDose_, form.TextDose);
+    setText(text1input_, form.Text1input);
+    setText(text2input_, form.Text2input);
+    setText(textName_, form.TextName);
+    text2input_->setVisible(form.Text2inputVisible);
+    text2Label_->setVisible(form.Text2inputVisible);
+    text1input_->setToolTip(QString::fromStdString(form.Text1inputTip));
+    text2input_->setToolTip(QString::fromStdString(form.Text2inputTip));
+    text1Label_->setText(QString::fromStdString(form.Text1inputTip));
+    text2Label_->setText(QString::fromStdString(form.Text2inputTip));
+    doseLabel_->setText(QString::fromStdString(shared.DoseWord));
+    textDose_->setToolTip(QString::fromStdString(shared.DoseWord));
+    checkCo_->setVisible(form.CheckCoVisible);
+    checkCo_->setChecked(form.CheckCo == 1);
+    place(commandAccept_, form.CommandAcceptLeft, kCellTop, kCellWidth, kCellHeight);
+    place(commandEdit_, form.CommandEditLeft, kCellTop, kCellWidth, kCellHeight);
+    place(commandDel_, form.CommandDelLeft, kCellTop, kCellWidth, kCellHeight);
+
+    commandSave_->setEnabled(form.CommandSaveEnabled);
+    commandNotes_->setEnabled(form.CommandInfFormEnabled);
+    commandChangeOptions_->setEnabled(form.CommandChgangeOptionsEnabled);
+    textName_->setEnabled(form.TextNameEnabled);
+    commandCalc_->setEnabled(form.CommandCalcEnabled);
+    picture1_->setVisible(form.Picture1Visible);
+    setContentEnabled(form.Enabled);
+
+    grid1_->refresh();
+    grid2_->refresh();
+    refreshing_ = false;
+}
+
+// The child windows (the dialogs that disabled this one) stay enabled: only the
+// window's own controls are.
+void MainWindow::setContentEnabled(bool enabled) {
+    contentEnabled_ = enabled;
+    content_->setEnabled(enabled);
+}
+
+void MainWindow::focusControl(Focus focus) {
+    if (!isVisible() || !contentEnabled_)
+        return;
+    switch (focus) {
+        case Focus::TextDose:
+            textDose_->setFocus(Qt::OtherFocusReason);
+            break;
+        case Focus::Text1input:
+            text1input_->setFocus(Qt::OtherFocusReason);
+            break;
+        case Focus::Text2input:
+            text2input_->setFocus(Qt::OtherFocusReason);
+            break;
+        case Focus::CommandAccept:
+            commandAccept_->setFocus(Qt::OtherFocusReason);
+            break;
+        default:
+            break;
+    }
+}
+
+void MainWindow::ArrangeMainWindow() {
+    if (isMinimized())
+        return;
+    picture1_->hide();
+    // The window's sizes as the rules count them, frame included.
+    double formWidth = TwipsX(*this, width()) + kWindowFrameWidth;
+    double formHeight = TwipsY(*this, height()) + kWindowFrameHeight;
+    if (formHeight <= MinFormHeight)
+        formHeight = MinFormHeight;
+    if (formWidth <= MinFormWidth)
+        formWidth = MinFormWidth;
+    const double pictureHeight = formHeight - 1400;
+    const double grid1Height = pictureHeight - 500;
+    const double grid2Height = pictureHeight - 1100;
+    const double grid2Top = 0;
+    const double calcTop = grid2Height + grid2Top + 50;
+    const double pictureWidth = formWidth - 425;
+    const double grid1Width = pictureWidth / 2 + 90;
+    const double grid2Left = grid1Width + 200;
+    const double grid2Width = pictureWidth / 2 - 375;
+    place(picture1_, kPicture1Left, kPicture1Top, pictureWidth, pictureHeight);
+    auto inside = [this](QWidget* w, double l, double t, double wd, double h) {
+        w->setGeometry(PixelsX(*this, l), PixelsY(*this, t), PixelsX(*this, wd), PixelsY(*this, h));
+    };
+    inside(grid1_, 0, 0, grid1Width, grid1Height);
+    inside(grid2_, grid2Left, grid2Top, grid2Width, grid2Height);
+    inside(commandCalc_, grid2Left, calcTop, grid2Width, kCalcHeight);
+    const double nameWidth = formWidth - kWindowFrameWidth - kNameLeft - 200;
+    place(textName_, kNameLeft, kCellTop, nameWidth, kCellHeight);
+    picture1_->setVisible(program_.document().main().Picture1Visible);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    content_->setGeometry(rect());
+    ArrangeMainWindow();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && !isMinimized())
+        ArrangeMainWindow();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (program_.ended()) {
+        event->accept();
+        return;
+    }
+    // A window that a child window has disabled does not close.
+    if (!contentEnabled_) {
+        event->ignore();
+        return;
+    }
+    bool mayClose = false;
+    program_.run([&] { mayClose = program_.document().QueryClose(); });
+    if (program_.ended()) {
+        event->accept();
+        return;
+    }
+    if (!mayClose) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    program_.endProgram();
+}
+
+}  // namespace morvane

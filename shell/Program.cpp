@@ -1,0 +1,235 @@
+#include "shell/Program.h"
+
+#include <QApplication>
+#include <exception>
+
+#include "core/LineCalculation.h"
+#include "shell/ChangeOptionsDialog.h"
+#include "shell/HelpWindow.h"
+#include "shell/MainWindow.h"
+#include "shell/NotesDialog.h"
+#include "shell/OptionsDialog.h"
+#include "shell/ProbitDialog.h"
+#include "shell/ResultsWindow.h"
+
+namespace morvane {
+
+void TakePlaceOf(QWidget& window, const QWidget& other) {
+    if (other.isMaximized()) {
+        window.setWindowState(Qt::WindowMaximized);
+        return;
+    }
+    window.setWindowState(Qt::WindowNoState);
+    window.setGeometry(other.geometry());
+}
+
+Program::Program(UserPort& port, QString programFolder)
+    : port_(port),
+      programFolder_(std::move(programFolder)),
+      document_(shared_, port, programFolder_.toStdString()),
+      converter_(shared_.probit) {
+    document_.setObserver(this);
+    main_ = new MainWindow(*this);
+}
+
+Program::~Program() {
+    document_.setObserver(nullptr);
+    ended_ = true;
+    delete results_.data();
+    delete help_.data();
+    delete main_;  // the dialogs are its children
+}
+
+ChangeOptionsDialog* Program::changeOptionsDialog() const {
+    return changeOptions_.data();
+}
+NotesDialog* Program::notesDialog() const {
+    return notes_.data();
+}
+ResultsWindow* Program::resultsWindow() const {
+    return results_.data();
+}
+
+OptionsDialog& Program::optionsDialog() {
+    if (!options_)
+        options_ = new OptionsDialog(*this, main_);
+    return *options_;
+}
+
+HelpWindow& Program::helpWindow() {
+    if (!help_)
+        help_ = new HelpWindow(port_);
+    return *help_;
+}
+
+ProbitDialog& Program::probitDialog() {
+    if (!probit_) {
+        probit_ = new ProbitDialog(
+            converter_,
+            [this] {
+                document_.setMainEnabled(true);
+                settle();
+            },
+            main_);
+    }
+    return *probit_;
+}
+
+void Program::run(const std::function<void()>& command) {
+    ++depth_;
+    try {
+        command();
+    } catch (const std::exception& e) {
+        // No command ends the program: what stopped it is told, the data stay.
+        port_.tell(std::string("Morvane stopped this command:\n") + e.what());
+    }
+    --depth_;
+    if (depth_ == 0) {
+        settle();
+        applyFocus();
+    }
+}
+
+void Program::settle() {
+    if (settling_ || ended_)
+        return;
+    settling_ = true;
+    main_->refresh();
+    if (options_ && options_->isVisible())
+        options_->refresh();
+    settling_ = false;
+}
+
+void Program::applyFocus() {
+    const Focus focus = pendingFocus_;
+    pendingFocus_ = Focus::None;
+    if (focus == Focus::None || ended_)
+        return;
+    if (focus == Focus::ComboUnit1 || focus == Focus::Text5) {
+        if (options_)
+            options_->focusControl(focus);
+        return;
+    }
+    main_->focusControl(focus);
+}
+
+void Program::calculate() {
+    if (!results_)
+        results_ = new ResultsWindow(*this);
+    ResultsWindow& window = *results_;
+    CalculationOutcome outcome = CalculationOutcome::Refused;
+    run([&] {
+        LineResults& results = window.results();
+        outcome = CalculateLine(document_.calculationInput(), shared_, results.tables(), port_,
+                                results.channel());
+    });
+    if (outcome != CalculationOutcome::Completed)
+        return;
+    // The results window takes the input window's place; the input window stays
+    // disabled until the results window gives it back.
+    window.showTables();
+    TakePlaceOf(window, *main_);
+    document_.setMainEnabled(false);
+    document_.setMainVisible(false);
+    main_->hide();
+    window.show();
+    window.raise();
+    window.activateWindow();
+    settle();
+}
+
+void Program::returnToInput(const QWidget& from) {
+    if (ended_)
+        return;
+    TakePlaceOf(*main_, from);
+    document_.setMainVisible(true);
+    document_.setMainEnabled(true);
+    main_->show();
+    main_->raise();
+    main_->activateWindow();
+    settle();
+}
+
+void Program::openHelp(const QString& page) {
+    OpenHelp(helpWindow(), programFolder_, page, port_);
+}
+
+void Program::openProbit() {
+    document_.setMainEnabled(false);
+    settle();
+    probitDialog().open();
+}
+
+void Program::openNotes() {
+    if (!notes_)
+        notes_ = new NotesDialog(*this, main_);
+    notes_->open();
+}
+
+void Program::openChangeOptions() {
+    if (!changeOptions_)
+        changeOptions_ = new ChangeOptionsDialog(*this, main_);
+    changeOptions_->open();
+}
+
+void Program::laterVersion(const QString& what) {
+    port_.tell(what.toStdString() + " comes in a later version of Morvane.");
+}
+
+void Program::endProgram() {
+    if (ended_)
+        return;
+    ended_ = true;
+    for (QWidget* window :
+         std::initializer_list<QWidget*>{probit_.data(), notes_.data(), changeOptions_.data(),
+                                         options_.data(), help_.data(), results_.data(), main_}) {
+        if (window)
+            window->close();
+    }
+    emit programEnded();
+}
+
+void Program::documentChanged() {
+    if (depth_ == 0)
+        settle();
+}
+
+void Program::focusRequested(Focus focus) {
+    pendingFocus_ = focus;
+    if (depth_ == 0)
+        applyFocus();
+}
+
+void Program::optionsDialogShown() {
+    OptionsDialog& dialog = optionsDialog();
+    dialog.refresh();
+    dialog.show();
+    dialog.raise();
+    dialog.activateWindow();
+}
+
+void Program::optionsDialogHidden() {
+    if (options_)
+        options_->hide();
+}
+
+void Program::relativeRequested() {
+    laterVersion("The comparison of lines");
+}
+
+void Program::importRequested() {
+    laterVersion("Import from text and Excel files");
+}
+
+void Program::spreadsheetReadRequested() {
+    laterVersion("Import from Excel files");
+}
+
+// The comparison of lines, which alone asks for the silent calculation, comes later.
+void Program::calculateFileRequested() {}
+
+void Program::programEndRequested() {
+    endProgram();
+}
+
+}  // namespace morvane

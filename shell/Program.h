@@ -1,0 +1,124 @@
+#pragma once
+// The running desktop program: the shared registers, the line document, and the
+// windows over them, created on first use as the program's forms are. It listens to
+// the document and routes what the document asks for (the options dialog, the end
+// of the program, the focus) to the windows, and it moves the input window and the
+// results window into each other's place.
+//
+// Every command of a window runs through run(), which lets the windows follow the
+// document afterwards and only then moves the keyboard focus, so that no focus
+// change reaches into the document while one of its commands is running.
+
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "calculators/ProbitConverter.h"
+#include "core/SharedRegisters.h"
+#include "core/UserPort.h"
+#include "document/LineDocument.h"
+
+namespace morvane {
+
+class MainWindow;
+class OptionsDialog;
+class ChangeOptionsDialog;
+class NotesDialog;
+class ResultsWindow;
+class HelpWindow;
+class ProbitDialog;
+
+// The frame of a window around its inside, in twips: the sizes that the layout
+// rules give for a window count its borders and title bar.
+inline constexpr double kWindowFrameWidth = 120;
+inline constexpr double kWindowFrameHeight = 400;
+// The least size of the main windows, frame included.
+inline constexpr double MinFormWidth = 11700;
+inline constexpr double MinFormHeight = 8400;
+
+// Gives the window the place of another: maximised when that one is, else its place
+// and size. Does not show it.
+void TakePlaceOf(QWidget& window, const QWidget& other);
+
+class Program : public QObject, public DocumentObserver {
+    Q_OBJECT
+  public:
+    // The port and the program folder (with a trailing slash) are the program's; the
+    // port must outlive it.
+    Program(UserPort& port, QString programFolder);
+    ~Program() override;
+
+    SharedRegisters& shared() { return shared_; }
+    LineDocument& document() { return document_; }
+    UserPort& port() { return port_; }
+    const QString& ProgramFolder() const { return programFolder_; }
+
+    MainWindow& mainWindow() { return *main_; }
+    OptionsDialog& optionsDialog();
+    HelpWindow& helpWindow();
+    ProbitDialog& probitDialog();
+    ChangeOptionsDialog* changeOptionsDialog() const;
+    NotesDialog* notesDialog() const;
+    ResultsWindow* resultsWindow() const;
+
+    // Runs a command of a window, then lets every window follow the document and moves
+    // the focus where the command asked.
+    void run(const std::function<void()>& command);
+    // The windows follow the document.
+    void settle();
+
+    // The buttons of the input window that open other windows.
+    void calculate();                    // CommandCalc
+    void openHelp(const QString& page);  // a help page of the program folder
+    void openProbit();                   // CommandProbit
+    void openNotes();                    // CommandInf_form
+    void openChangeOptions();            // CommandChgangeOptions
+    // A button of a window that a later version brings: a plain message says so.
+    void laterVersion(const QString& what);
+
+    // The results window is going: the input window takes its place and comes back.
+    void returnToInput(const QWidget& from);
+
+    // Ends the program: every window closes without a further question.
+    void endProgram();
+    bool ended() const { return ended_; }
+
+    // DocumentObserver
+    void documentChanged() override;
+    void focusRequested(Focus focus) override;
+    void optionsDialogShown() override;
+    void optionsDialogHidden() override;
+    void relativeRequested() override;
+    void importRequested() override;
+    void spreadsheetReadRequested() override;
+    void calculateFileRequested() override;
+    void programEndRequested() override;
+
+  signals:
+    void programEnded();
+
+  private:
+    void applyFocus();
+
+    UserPort& port_;
+    QString programFolder_;
+    SharedRegisters shared_;
+    LineDocument document_;
+    ProbitConverter converter_;
+    MainWindow* main_ = nullptr;
+    QPointer<OptionsDialog> options_;
+    QPointer<ChangeOptionsDialog> changeOptions_;
+    QPointer<NotesDialog> notes_;
+    QPointer<ResultsWindow> results_;
+    QPointer<HelpWindow> help_;
+    QPointer<ProbitDialog> probit_;
+    Focus pendingFocus_ = Focus::None;
+    int depth_ = 0;
+    bool ended_ = false;
+    bool settling_ = false;
+};
+
+}  // namespace morvane

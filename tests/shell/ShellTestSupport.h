@@ -1,0 +1,120 @@
+#pragma once
+// What the window tests share: a user port with scripted answers that never opens a
+// window, a program in a folder of its own, and the user's gestures (a click, typing
+// into a box, a key).
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWidget>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/UserPort.h"
+#include "shell/Program.h"
+
+namespace morvane::testing {
+
+// Every message is recorded; a question takes the next queued answer, and a question
+// or a dialog with nothing queued is noted in failures.
+class QtScriptedPort : public UserPort {
+  public:
+    std::vector<Message> messages;
+    std::deque<Answer> answers;
+    std::deque<std::optional<std::string>> openAnswers, saveAnswers, inputAnswers;
+    std::vector<FileDialog> openDialogs, saveDialogs;
+    QStringList failures;
+
+    Answer ask(const Message& message) override {
+        messages.push_back(message);
+        if (message.buttons == Buttons::Ok)
+            return Answer::Ok;
+        if (answers.empty()) {
+            failures << QString::fromStdString("unexpected question: " + message.text);
+            return message.defaultAnswer;
+        }
+        const Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::optional<std::string> openFileName(const FileDialog& dialog) override {
+        openDialogs.push_back(dialog);
+        return next(openAnswers, "open dialog");
+    }
+    std::optional<std::string> saveFileName(const FileDialog& dialog) override {
+        saveDialogs.push_back(dialog);
+        return next(saveAnswers, "save dialog");
+    }
+    std::optional<std::string> inputBox(const InputRequest&) override {
+        return next(inputAnswers, "input box");
+    }
+
+    // The texts of the messages so far.
+    QStringList texts() const {
+        QStringList out;
+        for (const Message& m : messages)
+            out << QString::fromStdString(m.text);
+        return out;
+    }
+    QString lastText() const {
+        return messages.empty() ? QString() : QString::fromStdString(messages.back().text);
+    }
+
+  private:
+    std::optional<std::string> next(std::deque<std::optional<std::string>>& queue,
+                                    const char* what) {
+        if (queue.empty()) {
+            failures << QString("unexpected ") + what;
+            return std::nullopt;
+        }
+        auto answer = queue.front();
+        queue.pop_front();
+        return answer;
+    }
+};
+
+// A program in a temporary folder of its own, with the scripted port.
+struct ShellFixture {
+    QTemporaryDir folder;
+    QtScriptedPort port;
+    std::unique_ptr<Program> program;
+
+    ShellFixture() { program = std::make_unique<Program>(port, folder.path() + "/"); }
+    QString path(const QString& name) const { return folder.path() + "/" + name; }
+};
+
+// Shows a window and waits until it is the active one, so that it takes the focus.
+inline bool ShowActive(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    QApplication::setActiveWindow(&window);
+    return QTest::qWaitForWindowActive(&window);
+}
+
+inline void Click(QAbstractButton* button) {
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+// Gives the box the focus as a click would, then types the text.
+inline void TypeInto(QWidget* box, const QString& text) {
+    box->setFocus(Qt::MouseFocusReason);
+    QTest::keyClicks(box, text);
+}
+
+inline void PressEnter(QWidget* widget) {
+    QTest::keyClick(widget, Qt::Key_Return);
+}
+
+inline QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+}  // namespace morvane::testing
