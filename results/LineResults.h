@@ -57,7 +57,10 @@ class LineResults {
     ResultsTables& tables() { return tables_; }
     const ResultsTables& tables() const { return tables_; }
 
-    // The window as freshly loaded: empty tables and panels.
+    // The window as freshly loaded: empty tables, notice and panels. The window is
+    // loaded afresh for each calculation (closing it unloads it), so a caller that
+    // keeps one object calls this before each calculation: the notice of a g above
+    // 0.4 is only ever set, never cleared, by the calculation.
     void Load();
 
     // The command channel Text1. 1: FormatDataTable, then FormatEstimateTables;

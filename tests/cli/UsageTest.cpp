@@ -14,14 +14,16 @@ using testing::CliResult;
 using testing::RunCli;
 using testing::TempFolder;
 
-const std::string kUsage =
+// The usage is its head, one block for each command (report first), and its foot.
+const std::string kUsageHead =
     "Usage: morvane-cli COMMAND [ARGUMENTS]\n"
     "       morvane-cli --help\n"
     "       morvane-cli --version\n"
     "\n"
     "Probit analysis of dose-response bioassays, from the command line.\n"
     "\n"
-    "Commands:\n"
+    "Commands:\n";
+const std::string kReportBlock =
     "  report FILE.mrv [--percent P]... [--dose D]...\n"
     "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
     "      its probit line as the Calculate button does (a reverse slope is\n"
@@ -33,7 +35,8 @@ const std::string kUsage =
     "                     to that of 99%) with the limits of D as a row of the table\n"
     "      The queries run in the order given, as if typed into the results window:\n"
     "      digits and a decimal point only. A refused query is told on standard\n"
-    "      error and adds no row.\n"
+    "      error and adds no row.\n";
+const std::string kUsageFoot =
     "\n"
     "Options:\n"
     "  --help       prints this usage and exits\n"
@@ -51,15 +54,24 @@ class UsageTest : public ::testing::Test {
         EXPECT_EQ(result.err, err);
         EXPECT_EQ(result.status, status);
     }
+    // The whole usage, as --help prints it; its head, the report block and the foot
+    // are checked here, the blocks of other commands by their own tests.
+    std::string usage() {
+        const CliResult help = RunCli({"--help"}, folder.path());
+        EXPECT_TRUE(help.out.starts_with(kUsageHead + kReportBlock)) << help.out;
+        EXPECT_TRUE(help.out.ends_with(kUsageFoot)) << help.out;
+        return help.out;
+    }
+
     TempFolder folder;
 };
 
 TEST_F(UsageTest, HelpPrintsTheUsage) {
-    expectRun({"--help"}, kUsage, "", 0);
+    expectRun({"--help"}, usage(), "", 0);
 }
 
 TEST_F(UsageTest, HelpOfTheReportCommandPrintsTheUsage) {
-    expectRun({"report", "--help"}, kUsage, "", 0);
+    expectRun({"report", "--help"}, usage(), "", 0);
 }
 
 TEST_F(UsageTest, VersionPrintsTheProgramAndItsVersion) {
@@ -67,33 +79,33 @@ TEST_F(UsageTest, VersionPrintsTheProgramAndItsVersion) {
 }
 
 TEST_F(UsageTest, NoArgumentsIsWrongUsage) {
-    expectRun({}, "", kUsage, 2);
+    expectRun({}, "", usage(), 2);
 }
 
 TEST_F(UsageTest, UnknownCommandIsWrongUsage) {
-    expectRun({"compute", "a.mrv"}, "", kUsage, 2);
+    expectRun({"compute", "a.mrv"}, "", usage(), 2);
 }
 
 TEST_F(UsageTest, ReportWithoutAFileIsWrongUsage) {
-    expectRun({"report"}, "", kUsage, 2);
+    expectRun({"report"}, "", usage(), 2);
 }
 
 TEST_F(UsageTest, ReportOfTwoFilesIsWrongUsage) {
-    expectRun({"report", "a.mrv", "b.mrv"}, "", kUsage, 2);
+    expectRun({"report", "a.mrv", "b.mrv"}, "", usage(), 2);
 }
 
 TEST_F(UsageTest, UnknownOptionIsWrongUsage) {
-    expectRun({"report", "a.mrv", "--level", "50"}, "", kUsage, 2);
+    expectRun({"report", "a.mrv", "--level", "50"}, "", usage(), 2);
 }
 
 TEST_F(UsageTest, QueryWithoutItsValueIsWrongUsage) {
-    expectRun({"report", "a.mrv", "--percent"}, "", kUsage, 2);
-    expectRun({"report", "a.mrv", "--dose"}, "", kUsage, 2);
+    expectRun({"report", "a.mrv", "--percent"}, "", usage(), 2);
+    expectRun({"report", "a.mrv", "--dose"}, "", usage(), 2);
 }
 
 TEST_F(UsageTest, HelpOrVersionWithMoreArgumentsIsWrongUsage) {
-    expectRun({"--version", "report"}, "", kUsage, 2);
-    expectRun({"--help", "report"}, "", kUsage, 2);
+    expectRun({"--version", "report"}, "", usage(), 2);
+    expectRun({"--help", "report"}, "", usage(), 2);
 }
 
 }  // namespace
