@@ -1,7 +1,7 @@
 #include "core/NumberText.h"
 
 #include <cctype>
-#include <cerrno>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -18,20 +18,25 @@ struct Digits15 {
 };
 
 Digits15 ToDigits15(double value) {
+    // Correctly rounded to 15 significant digits, as "%.14e" writes it.
     char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%.14e", value);
+    const auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, 14);
     Digits15 d;
     const char* p = buffer;
     if (*p == '-') {
         d.negative = true;
         ++p;
     }
+    d.digits.reserve(15);
     d.digits.push_back(*p++);
     ++p;  // the point
-    while (std::isdigit(static_cast<unsigned char>(*p)))
+    while (p < result.ptr && *p != 'e')
         d.digits.push_back(*p++);
     ++p;  // 'e'
-    d.exponent = std::atoi(p);
+    int exponent = 0;
+    std::from_chars(*p == '+' ? p + 1 : p, result.ptr, exponent);
+    d.exponent = exponent;
     return d;
 }
 
@@ -220,10 +225,20 @@ std::optional<double> ParseNumber(std::string_view text) {
     }
     if (k != t.size())
         return std::nullopt;
-    const std::string copy(t);
-    errno = 0;
-    const double v = std::strtod(copy.c_str(), nullptr);
-    if (errno == ERANGE && std::isinf(v))
+    double v = 0;
+    const char* first = t.data();
+    if (*first == '+')
+        ++first;
+    const auto [stop, error] = std::from_chars(first, t.data() + t.size(), v);
+    if (error == std::errc::result_out_of_range) {
+        // Below the smallest double the standard conversion gives what strtod does;
+        // above the largest there is no number.
+        const double slow = std::strtod(std::string(t).c_str(), nullptr);
+        if (std::isinf(slow))
+            return std::nullopt;
+        return slow;
+    }
+    if (error != std::errc() || stop != t.data() + t.size())
         return std::nullopt;
     return v;
 }
