@@ -102,7 +102,7 @@ void ChartWidget::paintFigure(QPainter& painter) const {
     // The plot: the chart's drawing, clipped to its area as the surface clips it.
     painter.save();
     painter.setClipRect(plotArea);
-    PaintDrawing(painter, chart_.drawing(), QPointF(plot.left, plot.top));
+    PaintDrawing(painter, chart_.drawing(), QPointF(plot.left, plot.top), false);
     painter.restore();
     painter.setPen(QPen(QColor(60, 66, 80), 1.2));
     painter.setBrush(Qt::NoBrush);

@@ -91,7 +91,8 @@ QFont ToQFont(const TextFont& font) {
     return f;
 }
 
-void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF offsetTwips) {
+void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF offsetTwips,
+                  bool fillOnClear) {
     const QPaintDevice* device = painter.device();
     if (!device)
         return;
@@ -104,6 +105,8 @@ void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF offsetTwips
             [&](const auto& o) {
                 using T = std::decay_t<decltype(o)>;
                 if constexpr (std::is_same_v<T, draw::Clear>) {
+                    if (!fillOnClear)
+                        return;
                     painter.fillRect(
                         QRectF(map.point(0, 0), map.point(drawing.width(), drawing.height())),
                         ToQColor(o.back));
@@ -111,9 +114,18 @@ void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF offsetTwips
                     if (!Finite(o.x1, o.y1) || !Finite(o.x2, o.y2))
                         return;
                     QPen pen(ToQColor(o.color), map.penWidth(o.width), ToQtPenStyle(o.style),
-                             Qt::RoundCap);
+                             Qt::FlatCap);
                     painter.setPen(pen);
-                    painter.drawLine(map.point(o.x1, o.y1), map.point(o.x2, o.y2));
+                    QPointF from = map.point(o.x1, o.y1), to = map.point(o.x2, o.y2);
+                    // A level or upright line of odd width stands on the middle of its
+                    // pixels, so that it is drawn sharp rather than smeared over two.
+                    if (static_cast<int>(std::lround(map.penWidth(o.width))) % 2 == 1) {
+                        if (from.y() == to.y())
+                            from.ry() = to.ry() = std::floor(from.y()) + 0.5;
+                        if (from.x() == to.x())
+                            from.rx() = to.rx() = std::floor(from.x()) + 0.5;
+                    }
+                    painter.drawLine(from, to);
                 } else if constexpr (std::is_same_v<T, draw::Box>) {
                     if (!Finite(o.x1, o.y1) || !Finite(o.x2, o.y2))
                         return;

@@ -18,7 +18,9 @@ QColor ToQColor(Color color);
 QFont ToQFont(const TextFont& font);
 
 // Paints the operations at an offset in twips. A Clear fills the drawing's own
-// size (width and height) from the offset.
-void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF offsetTwips = {});
+// size (width and height) from the offset, unless fillOnClear is false because the
+// caller has prepared the ground itself.
+void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF offsetTwips = {},
+                  bool fillOnClear = true);
 
 }  // namespace morvane

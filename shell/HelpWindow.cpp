@@ -49,7 +49,7 @@ HelpWindow::HelpWindow(UserPort& port, QWidget* parent) : QWidget(parent, Qt::Wi
     }
     // Back on the first page does nothing, as the browser has nowhere to go.
     connect(back_, &QPushButton::clicked, this, [this] { browser_->backward(); });
-    connect(home_, &QPushButton::clicked, this, [this] { show(helpPage_); });
+    connect(home_, &QPushButton::clicked, this, [this] { showPage(helpPage_); });
     connect(about_, &QPushButton::clicked, this, [this] {
         port_.ask(Message{kAboutText, Buttons::Ok, Icon::Information, Answer::Ok, "About"});
     });
@@ -62,7 +62,7 @@ QString HelpWindow::currentPage() const {
     return current_;
 }
 
-void HelpWindow::show(const QString& page) {
+void HelpWindow::showPage(const QString& page) {
     current_ = page;
     if (QFileInfo::exists(page)) {
         browser_->setSource(QUrl::fromLocalFile(page));
@@ -74,7 +74,7 @@ void HelpWindow::show(const QString& page) {
 
 bool HelpWindow::navigate(const QString& helpPage) {
     helpPage_ = helpPage;
-    show(helpPage);
+    showPage(helpPage);
     QWidget::show();
     raise();
     activateWindow();

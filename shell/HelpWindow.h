@@ -38,7 +38,7 @@ class HelpWindow : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void show(const QString& page);
+    void showPage(const QString& page);
 
     UserPort& port_;
     QTextBrowser* browser_;

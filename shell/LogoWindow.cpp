@@ -71,7 +71,7 @@ QPixmap LogoWindow::Frame(int index, QSize size) {
 
     // The name and what the program is for.
     QFont title = p.font();
-    title.setPixelSize(static_cast<int>(h * 0.17));
+    title.setPixelSize(static_cast<int>(h * 0.14));
     title.setBold(true);
     p.setFont(title);
     p.setPen(QColor(255, 255, 255));

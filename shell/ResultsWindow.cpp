@@ -116,7 +116,13 @@ ResultsWindow::ResultsWindow(Program& program)
     resize(minimumSize());
 }
 
-ResultsWindow::~ResultsWindow() = default;
+// The views let go of the tables and the chart before the results that hold them go.
+ResultsWindow::~ResultsWindow() {
+    grid1_->setTable(nullptr);
+    grid22_->setTable(nullptr);
+    grid2_->setTable(nullptr);
+    delete tab1_;
+}
 
 void ResultsWindow::place(QWidget* widget, double left, double top, double width, double height) {
     widget->setGeometry(PixelsX(*this, left), PixelsY(*this, top), PixelsX(*this, width),

@@ -17,43 +17,6 @@
 using namespace morvane;
 using namespace morvane::testing;
 
-namespace {
-
-// A new line through the options dialog, with a unit typed into the first unit box.
-void NewLine(ShellFixture& f, const QString& unit = "mg") {
-    MainWindow& main = f.program->mainWindow();
-    Click(main.CommandNew());
-    OptionsDialog& options = f.program->optionsDialog();
-    QVERIFY(options.isVisible());
-    if (!unit.isEmpty())
-        TypeInto(options.ComboUnit1()->lineEdit(), unit);
-    Click(options.Command1());
-}
-
-// One replicate typed as a user types it: the dose, Enter, the counts, Enter.
-void TypeRow(MainWindow& main, const QString& dose, const QString& first, const QString& second) {
-    TypeInto(main.TextDose(), dose);
-    PressEnter(main.TextDose());
-    QVERIFY(main.Text1input()->hasFocus());
-    QTest::keyClicks(main.Text1input(), first);
-    PressEnter(main.Text1input());
-    QVERIFY(main.Text2input()->hasFocus());
-    QTest::keyClicks(main.Text2input(), second);
-    PressEnter(main.Text2input());
-    QVERIFY(main.TextDose()->hasFocus());
-}
-
-// Five doses of an assay, responded and non responded out of 20.
-void TypeAssay(MainWindow& main) {
-    TypeRow(main, "1", "2", "18");
-    TypeRow(main, "2", "5", "15");
-    TypeRow(main, "4", "10", "10");
-    TypeRow(main, "8", "15", "5");
-    TypeRow(main, "16", "19", "1");
-}
-
-}  // namespace
-
 class MainWindowTest : public QObject {
     Q_OBJECT
 

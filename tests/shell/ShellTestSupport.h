@@ -18,7 +18,13 @@
 #include <string>
 #include <vector>
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRadioButton>
+
 #include "core/UserPort.h"
+#include "shell/MainWindow.h"
+#include "shell/OptionsDialog.h"
 #include "shell/Program.h"
 
 namespace morvane::testing {
@@ -99,13 +105,22 @@ inline bool ShowActive(QWidget& window) {
     return QTest::qWaitForWindowActive(&window);
 }
 
+// A click where a user clicks: check boxes and option buttons on their mark, other
+// buttons in their middle.
 inline void Click(QAbstractButton* button) {
-    QTest::mouseClick(button, Qt::LeftButton);
+    if (qobject_cast<QCheckBox*>(button) || qobject_cast<QRadioButton*>(button)) {
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    } else {
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
 }
 
-// Gives the box the focus as a click would, then types the text.
+// Gives the box the focus as a click would, selects its whole text as a user does to
+// retype it, then types the text.
 inline void TypeInto(QWidget* box, const QString& text) {
     box->setFocus(Qt::MouseFocusReason);
+    if (auto* edit = qobject_cast<QLineEdit*>(box))
+        edit->selectAll();
     QTest::keyClicks(box, text);
 }
 
@@ -115,6 +130,40 @@ inline void PressEnter(QWidget* widget) {
 
 inline QString Text(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+// A new line through the options dialog, with a unit typed into the first unit box.
+inline void NewLine(ShellFixture& f, const QString& unit = "mg") {
+    MainWindow& main = f.program->mainWindow();
+    Click(main.CommandNew());
+    OptionsDialog& options = f.program->optionsDialog();
+    QVERIFY(options.isVisible());
+    if (!unit.isEmpty())
+        TypeInto(options.ComboUnit1()->lineEdit(), unit);
+    Click(options.Command1());
+}
+
+// One replicate typed as a user types it: the dose, Enter, the counts, Enter.
+inline void TypeRow(MainWindow& main, const QString& dose, const QString& first,
+                    const QString& second) {
+    TypeInto(main.TextDose(), dose);
+    PressEnter(main.TextDose());
+    QVERIFY(main.Text1input()->hasFocus());
+    QTest::keyClicks(main.Text1input(), first);
+    PressEnter(main.Text1input());
+    QVERIFY(main.Text2input()->hasFocus());
+    QTest::keyClicks(main.Text2input(), second);
+    PressEnter(main.Text2input());
+    QVERIFY(main.TextDose()->hasFocus());
+}
+
+// Five doses of an assay, responded and non responded out of 20.
+inline void TypeAssay(MainWindow& main) {
+    TypeRow(main, "1", "2", "18");
+    TypeRow(main, "2", "5", "15");
+    TypeRow(main, "4", "10", "10");
+    TypeRow(main, "8", "15", "5");
+    TypeRow(main, "16", "19", "1");
 }
 
 }  // namespace morvane::testing

@@ -31,7 +31,7 @@ bool Save(QWidget& window, const QString& folder, const QString& name) {
     return saved;
 }
 
-void TypeRow(MainWindow& main, const QString& dose, const QString& first, const QString& second) {
+void EnterRow(MainWindow& main, const QString& dose, const QString& first, const QString& second) {
     TypeInto(main.TextDose(), dose);
     PressEnter(main.TextDose());
     QTest::keyClicks(main.Text1input(), first);
@@ -69,18 +69,18 @@ int main(int argc, char** argv) {
     ShowActive(main);
 
     TypeInto(main.TextName(), "Malathion on Culex pipiens larvae");
-    TypeRow(main, "0", "1", "24");
-    TypeRow(main, "0", "0", "25");
-    TypeRow(main, "0.5", "3", "22");
-    TypeRow(main, "0.5", "2", "23");
-    TypeRow(main, "1", "6", "19");
-    TypeRow(main, "1", "8", "17");
-    TypeRow(main, "2", "13", "12");
-    TypeRow(main, "2", "11", "14");
-    TypeRow(main, "4", "18", "7");
-    TypeRow(main, "4", "20", "5");
-    TypeRow(main, "8", "24", "1");
-    TypeRow(main, "8", "23", "2");
+    EnterRow(main, "0", "1", "24");
+    EnterRow(main, "0", "0", "25");
+    EnterRow(main, "0.5", "3", "22");
+    EnterRow(main, "0.5", "2", "23");
+    EnterRow(main, "1", "6", "19");
+    EnterRow(main, "1", "8", "17");
+    EnterRow(main, "2", "13", "12");
+    EnterRow(main, "2", "11", "14");
+    EnterRow(main, "4", "18", "7");
+    EnterRow(main, "4", "20", "5");
+    EnterRow(main, "8", "24", "1");
+    EnterRow(main, "8", "23", "2");
     ok = Save(main, folder, "main.png") && ok;
 
     Click(main.CommandCalc());
