@@ -95,6 +95,57 @@ class MainWindowTest : public QObject {
         QVERIFY(main->CommandAccept()->hasFocus());
     }
 
+    void cellsSelectTheirWholeTextOnFocus() {
+        NewLine(*f);
+        TypeRow(*main, "25", "3", "17");
+        main->Text1input()->setFocus(Qt::TabFocusReason);
+        main->TextDose()->setFocus(Qt::TabFocusReason);
+        QCOMPARE(main->TextDose()->selectedText(), QString("25"));
+    }
+
+    void negativeDoseIsEmptiedWithoutAWord() {
+        NewLine(*f);
+        TypeInto(main->TextDose(), "-4");
+        PressEnter(main->TextDose());
+        QCOMPARE(main->TextDose()->text(), QString());
+        QVERIFY(f->port.messages.empty());
+        TypeInto(main->TextDose(), "2.50");
+        PressEnter(main->TextDose());
+        QCOMPARE(main->TextDose()->text(), QString("2.5"));
+    }
+
+    void customizedUnitsAndAControlForEachTreatment() {
+        Click(main->CommandNew());
+        OptionsDialog& options = f->program->optionsDialog();
+        options.Tab1()->setCurrentIndex(1);
+        options.Combo5()->lineEdit()->selectAll();
+        TypeInto(options.Combo5()->lineEdit(), "Temp.");
+        options.Combo6()->lineEdit()->selectAll();
+        TypeInto(options.Combo6()->lineEdit(), "RT");
+        TypeInto(options.Text5(), "C");
+        Click(options.Check3());
+        Click(options.Command1());
+        QVERIFY(!options.isVisible());
+        QVERIFY(main->CheckCo()->isVisible());
+        QCOMPARE(main->Grid1()->cellText(0, 1), QString("Temp.\n(C)"));
+        QCOMPARE(Text(f->program->shared().EstimateWord), QString("RT"));
+        QCOMPARE(main->Grid2()->cellText(0, 2), QString("Treated response\n%"));
+    }
+
+    void emptiedFactorBoxTakesItsFirstEntryOnLeaving() {
+        Click(main->CommandNew());
+        OptionsDialog& options = f->program->optionsDialog();
+        QVERIFY(ShowActive(options));
+        options.Tab1()->setCurrentIndex(1);
+        options.Combo5()->lineEdit()->setFocus(Qt::MouseFocusReason);
+        options.Combo5()->lineEdit()->selectAll();
+        QTest::keyClick(options.Combo5()->lineEdit(), Qt::Key_Delete);
+        QCOMPARE(options.Combo5()->currentText(), QString());
+        options.Text5()->setFocus(Qt::TabFocusReason);
+        QCOMPARE(options.Combo5()->currentText(), QString("Dose"));
+        Click(options.Command2());
+    }
+
     void leavingADoseThatIsNoNumberTellsTheUser() {
         NewLine(*f);
         TypeInto(main->TextDose(), "1e");

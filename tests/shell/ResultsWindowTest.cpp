@@ -214,6 +214,35 @@ class ResultsWindowTest : public QObject {
         QCOMPARE(results->Command10()->text(), QString("Copy tables"));
     }
 
+    void noticeOfALargeG() {
+        ResultsTables& tables = results->results().tables();
+        tables.Text8 =
+            "Upper and lower limits will be calculated only for the data of which g is "
+            "less than 0.4.   See help for more details.";
+        tables.Grid2ToolTip = tables.Text8;
+        results->showTables();
+        QCOMPARE(results->Text8()->text(), Text(tables.Text8));
+        QCOMPARE(results->Grid2()->toolTip(), Text(tables.Text8));
+    }
+
+    void markBoxWritesThePlainNumberOnLeaving() {
+        results->Tab1()->setCurrentIndex(1);
+        TypeInto(results->Text6(), "05");
+        results->Text4()->setFocus(Qt::TabFocusReason);
+        QCOMPARE(results->Text6()->text(), QString("5"));
+        QCOMPARE(results->chart().markPercent(), std::string("5"));
+    }
+
+    void axisTitleShowsItsBorderOnlyWithTheFocus() {
+        results->Tab1()->setCurrentIndex(1);
+        QLineEdit* title = results->PictureFig()->Text7();
+        QVERIFY(!title->hasFrame());
+        title->setFocus(Qt::MouseFocusReason);
+        QVERIFY(title->hasFrame());
+        results->Text6()->setFocus(Qt::TabFocusReason);
+        QVERIFY(!title->hasFrame());
+    }
+
     void sizeRule() {
         QCOMPARE(results->minimumWidth(), PixelsX(*results, MinFormWidth - kWindowFrameWidth));
         results->resize(results->minimumWidth() + 150, results->minimumHeight() + 90);
