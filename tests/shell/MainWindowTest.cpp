@@ -497,6 +497,31 @@ class MainWindowTest : public QObject {
         QCOMPARE(main->CommandCalc()->width(), main->Grid2()->width());
     }
 
+    void saveChangesBeforeTheComparisonWindow() {
+        NewLine(*f);
+        TypeRow(*main, "2", "5", "15");
+        f->port.answers.push_back(Answer::Cancel);
+        Click(main->CommandRelative());
+        QCOMPARE(Text(f->port.messages.back().title), QString("save changes"));
+        QCOMPARE(f->port.messages.size(), std::size_t{1});
+        f->port.answers.push_back(Answer::No);
+        Click(main->CommandRelative());
+        // The comparison window comes in a later version, and says so.
+        QVERIFY(f->port.lastText().contains("later version"));
+        QVERIFY(main->isVisible());
+    }
+
+    void minimisedWindowKeepsItsLayout() {
+        NewLine(*f);
+        const QRect grid = main->Grid1()->geometry();
+        main->showMinimized();
+        if (!main->isMinimized())
+            QSKIP("this platform does not minimise windows");
+        main->ArrangeMainWindow();
+        QCOMPARE(main->Grid1()->geometry(), grid);
+        main->showNormal();
+    }
+
     void laterButtonsSaySo() {
         Click(main->CommandControl());
         QVERIFY(f->port.lastText().contains("later version"));

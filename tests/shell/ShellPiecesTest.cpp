@@ -175,6 +175,19 @@ class ShellPiecesTest : public QObject {
         QVERIFY(main.CommandSave()->isEnabled());
     }
 
+    void notesOkMarksTheFileChangedThroughTheTreatmentName() {
+        ShellFixture f;
+        MainWindow& main = f.program->mainWindow();
+        QVERIFY(ShowActive(main));
+        NewLine(f);
+        f.port.saveAnswers.push_back(f.path("saved.mrv").toStdString());
+        Click(main.CommandSave());
+        QVERIFY(!main.CommandSave()->isEnabled());
+        Click(main.CommandInf_form());
+        Click(f.program->notesDialog()->Command1());
+        QVERIFY(main.CommandSave()->isEnabled());
+    }
+
     void notesSheetWidthsFollowTheWindow() {
         ShellFixture f;
         Click(f.program->mainWindow().CommandInf_form());
