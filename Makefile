@@ -19,7 +19,7 @@ run: build
 	else echo "No display found: starting Morvane under xvfb-run"; xvfb-run -a ./$(BUILD)/shell/morvane; fi
 
 # Every test: the warnings-as-errors build, then the sanitizer build.
-test: deps test-plain test-asan
+test: deps check-format test-plain test-asan
 
 test-plain:
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DMORVANE_WERROR=ON $(CMAKE_ARGS)

@@ -57,7 +57,8 @@ void EstimateAtPercent(SharedRegisters& shared) {
         shared.probit.PercentToProbit(PlainText(shared.WorkValue));
     } catch (const Fault&) {
     }
-    if (const auto probit = ParseNumber(shared.probit.PercentProbit())) shared.WorkValue = *probit;
+    if (const auto probit = ParseNumber(shared.probit.PercentProbit()))
+        shared.WorkValue = *probit;
     // A slope of 0 makes the division fail; the steps that need its result are
     // skipped and the later steps work with the probit still in WorkValue.
     if (fit.Slope != 0) {
