@@ -4,19 +4,12 @@
 
 #include <cmath>
 
+#include "bench/SilentPort.h"
 #include "core/LineCalculation.h"
 #include "core/NumberText.h"
 
 namespace morvane {
 namespace {
-
-class SilentPort : public UserPort {
-  public:
-    Answer ask(const Message&) override { return Answer::Yes; }
-    std::optional<std::string> openFileName(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> saveFileName(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> inputBox(const InputRequest&) override { return std::nullopt; }
-};
 
 // Doses rising by a constant factor, responses on a logistic-looking curve
 // between 2 and 98 percent, 40 individuals a dose, no control.

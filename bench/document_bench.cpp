@@ -2,7 +2,9 @@
 // 30,000 rows accepted one by one through AcceptRow followed by one rebuild of the
 // response table, as an import does.
 #include <benchmark/benchmark.h>
+
 #include <stdlib.h>
+#include "bench/SilentPort.h"
 
 #include <filesystem>
 #include <string>
@@ -16,15 +18,6 @@ namespace {
 using namespace morvane;
 
 constexpr int kRows = 30000;
-
-// Answers nothing is asked of, says nothing.
-class SilentPort : public UserPort {
-  public:
-    Answer ask(const Message& m) override { return m.defaultAnswer; }
-    std::optional<std::string> openFileName(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> saveFileName(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> inputBox(const InputRequest&) override { return std::nullopt; }
-};
 
 std::string Folder() {
     static const std::string folder = [] {

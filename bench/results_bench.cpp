@@ -6,20 +6,13 @@
 
 #include <cmath>
 
+#include "bench/SilentPort.h"
 #include "core/LineCalculation.h"
 #include "core/NumberText.h"
 #include "results/LineResults.h"
 
 namespace morvane {
 namespace {
-
-class SilentPort : public UserPort {
-  public:
-    Answer ask(const Message&) override { return Answer::Yes; }
-    std::optional<std::string> openFileName(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> saveFileName(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> inputBox(const InputRequest&) override { return std::nullopt; }
-};
 
 // Doses doubling from 0.5, responses rising from 3% to 97% along a probit line, 50
 // individuals a dose, no control.

@@ -65,21 +65,30 @@ Answer LineDocument::askSaveChanges() {
         Message{text, Buttons::YesNoCancel, Icon::Question, Answer::Yes, "save changes"});
 }
 
-void LineDocument::CommandNew() {
+// The "save changes" question before a command replaces the document. Yes saves
+// first and leaves the command pending, so that the end of the save runs it again;
+// Cancel puts the focus back in the dose cell. The command goes on only at No (or
+// when nothing was asked).
+bool LineDocument::passSaveChangesQuestion(int pendingCommand) {
     switch (askSaveChanges()) {
         case Answer::Yes:
-            form_.PendingCommand = 1;
+            form_.PendingCommand = pendingCommand;
             CommandSave();
-            return;
+            return false;
         case Answer::Cancel:
-            form_.ImportAfterNew = 0;
+            if (pendingCommand == 1)  // a cancelled New drops the import that was to follow
+                form_.ImportAfterNew = 0;
             setFocus(Focus::TextDose);
             notify();
-            return;
+            return false;
         default:
-            break;
+            return true;
     }
-    beginNewDocumentDialog();
+}
+
+void LineDocument::CommandNew() {
+    if (passSaveChangesQuestion(1))
+        beginNewDocumentDialog();
 }
 
 void LineDocument::beginNewDocumentDialog() {
@@ -93,18 +102,8 @@ void LineDocument::beginNewDocumentDialog() {
 }
 
 void LineDocument::CommandOpen() {
-    switch (askSaveChanges()) {
-        case Answer::Yes:
-            form_.PendingCommand = 2;
-            CommandSave();
-            return;
-        case Answer::Cancel:
-            setFocus(Focus::TextDose);
-            notify();
-            return;
-        default:
-            break;
-    }
+    if (!passSaveChangesQuestion(2))
+        return;
     const std::optional<std::string> path =
         port_.openFileName(FileDialog{"Open Morvane file", kLineFileFilter, "", ""});
     if (!path)
@@ -113,18 +112,8 @@ void LineDocument::CommandOpen() {
 }
 
 void LineDocument::CommandRelative() {
-    switch (askSaveChanges()) {
-        case Answer::Yes:
-            form_.PendingCommand = 3;
-            CommandSave();
-            return;
-        case Answer::Cancel:
-            setFocus(Focus::TextDose);
-            notify();
-            return;
-        default:
-            break;
-    }
+    if (!passSaveChangesQuestion(3))
+        return;
     if (observer_)
         observer_->relativeRequested();
 }

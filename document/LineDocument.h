@@ -281,6 +281,7 @@ class LineDocument {
     void settleGrid1() const;
     void applyOptionsDialog(bool visible);
     Answer askSaveChanges();
+    bool passSaveChangesQuestion(int pendingCommand);
     void readOlderInto(const std::string& path, bool secondTableAccepted);
     void saveTail();
     void paintControlRows();

@@ -21,7 +21,7 @@ namespace {
 using testing::AddFiles;
 using testing::Column;
 using testing::FiveDoses;
-using testing::LineFileSpec;
+using testing::LineFileFigures;
 using testing::LineFileText;
 using testing::OlderLineFileText;
 using testing::Replicate;
@@ -62,8 +62,8 @@ double ResultsWindowLD50(const std::string& path) {
     return NumberOf(estimates.text(3, 2));
 }
 
-const LineFileSpec kSusceptible = FiveDoses(1, {5, 14, 26, 38, 46});
-const LineFileSpec kResistant = FiveDoses(4, {4, 12, 25, 37, 45});
+const LineFileFigures kSusceptible = FiveDoses(1, {5, 14, 26, 38, 46});
+const LineFileFigures kResistant = FiveDoses(4, {4, 12, 25, 37, 45});
 
 TEST(DocumentBatch, EachLineGivesTheEstimateOfItsOwnResultsWindow) {
     TempFolder folder;
@@ -114,7 +114,7 @@ TEST(DocumentBatch, AFileThatCantBeReadInTheMiddleEndsTheComparison) {
 
 TEST(DocumentBatch, TooFewDosesCantBeCalculated) {
     TempFolder folder;
-    LineFileSpec two = kSusceptible;
+    LineFileFigures two = kSusceptible;
     two.rows.resize(2);
     RealComparison c;
     c.add(folder.write("good.mrv", LineFileText(kSusceptible)));
@@ -125,7 +125,7 @@ TEST(DocumentBatch, TooFewDosesCantBeCalculated) {
 
 TEST(DocumentBatch, TheWordsOfEachFileAreComparedWithTheSuggestedOnes) {
     TempFolder folder;
-    LineFileSpec mg = kSusceptible, ppm = kResistant, lc = kResistant;
+    LineFileFigures mg = kSusceptible, ppm = kResistant, lc = kResistant;
     mg.unit = "mg";
     ppm.unit = "ppm";
     lc.abbreviation = "LC";
@@ -149,7 +149,7 @@ TEST(DocumentBatch, AnOlderFileGivesOnlyTheRowsOfItsFirstTable) {
                                             {4, 50, 27}, {8, 50, 38}, {16, 50, 45}};
     const std::vector<Replicate> controls = {
         {1, 50, 5}, {2, 50, 6}, {4, 50, 5}, {8, 50, 4}, {16, 50, 6}};
-    LineFileSpec treatedOnly;
+    LineFileFigures treatedOnly;
     treatedOnly.factor = 3;
     treatedOnly.rows = treated;
     TempFolder folder;

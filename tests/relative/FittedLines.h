@@ -10,7 +10,7 @@
 
 namespace morvane::testing {
 
-struct LineSpec {
+struct LineFigures {
     double slope = 2;
     double meanLogDose = 1;
     double meanProbit = 5;
@@ -23,18 +23,18 @@ struct LineSpec {
     double slopeError = 0.7071;
 };
 
-inline FitResult Fitted(const LineSpec& spec) {
+inline FitResult Fitted(const LineFigures& figures) {
     FitResult fit;
-    fit.Slope = spec.slope;
-    fit.MeanLogDose = spec.meanLogDose;
-    fit.MeanProbit = spec.meanProbit;
-    fit.DoseScale = spec.doseScale;
-    fit.SumWeights = spec.sumWeights;
-    fit.SumSquaresLogDose = spec.sumSquaresLogDose;
-    fit.TValue = spec.tValue;
-    fit.GValue = spec.gValue;
-    fit.HeterogeneityFactor = spec.heterogeneity;
-    fit.SlopeError = spec.slopeError;
+    fit.Slope = figures.slope;
+    fit.MeanLogDose = figures.meanLogDose;
+    fit.MeanProbit = figures.meanProbit;
+    fit.DoseScale = figures.doseScale;
+    fit.SumWeights = figures.sumWeights;
+    fit.SumSquaresLogDose = figures.sumSquaresLogDose;
+    fit.TValue = figures.tValue;
+    fit.GValue = figures.gValue;
+    fit.HeterogeneityFactor = figures.heterogeneity;
+    fit.SlopeError = figures.slopeError;
     return fit;
 }
 

@@ -22,12 +22,12 @@ namespace {
 using testing::AddFiles;
 using testing::Column;
 using testing::Fitted;
-using testing::LineSpec;
+using testing::LineFigures;
 using testing::ScriptedUserPort;
 using testing::Texts;
 
 struct FakeLine {
-    LineSpec spec;
+    LineFigures figures;
     std::string units;
     std::string abbreviation = "LD";
     bool refused = false;  // the calculation refuses the data
@@ -57,7 +57,7 @@ class FakeCalculator : public LineCalculator {
             shared.BatchFailed = 1;
             return;
         }
-        shared.fit = Fitted(current_->spec);
+        shared.fit = Fitted(current_->figures);
         shared.UnitWord = current_->units;
         shared.EstimateWord = current_->abbreviation;
     }
@@ -94,7 +94,7 @@ struct Comparison {
 };
 
 FakeLine AtLog(double meanLogDose) {
-    return FakeLine{LineSpec{.meanLogDose = meanLogDose}};
+    return FakeLine{LineFigures{.meanLogDose = meanLogDose}};
 }
 
 TEST(LineBatch, OneLineAgainstItself) {
@@ -233,8 +233,8 @@ TEST(LineBatch, DataThatCantBeCalculatedEndEverything) {
 
 TEST(LineBatch, GOfPointFourGivesNoLimitsAndJustUnderGivesThem) {
     Comparison c;
-    c.add("at", FakeLine{LineSpec{.gValue = 0.4}});
-    c.add("under", FakeLine{LineSpec{.gValue = 0.3999}});
+    c.add("at", FakeLine{LineFigures{.gValue = 0.4}});
+    c.add("under", FakeLine{LineFigures{.gValue = 0.3999}});
     ASSERT_EQ(c.run(), BatchOutcome::Shown);
     const ResultColumns& col = c.out().columns;
     // Equal estimates keep their order; the limits of "under" widen with g.
@@ -324,7 +324,7 @@ TEST(LineBatch, AnOverflowingDoseRepeatsTheTextBeforeIt) {
     Comparison c;
     c.add("a", AtLog(1));
     // Slope 0.001 through probit 5 at log dose 0 puts 90% at log dose 1281.6.
-    c.add("huge", FakeLine{LineSpec{.slope = 0.001, .meanLogDose = 0}});
+    c.add("huge", FakeLine{LineFigures{.slope = 0.001, .meanLogDose = 0}});
     c.rtvin.Check3Click(false);
     c.rtvin.Check2.checked = false;
     c.rtvin.Check4Click(false);
@@ -358,7 +358,7 @@ TEST(LineBatch, AReferenceOfZeroStopsTheComparisonWithAMessage) {
     // The first line's dose underflows to 0 before any text was written, so its cell
     // stays empty and reads as 0: the ratios against it divide by zero.
     Comparison c;
-    c.add("tiny", FakeLine{LineSpec{.slope = 0.001, .meanLogDose = 0, .meanProbit = 6.2816}});
+    c.add("tiny", FakeLine{LineFigures{.slope = 0.001, .meanLogDose = 0, .meanProbit = 6.2816}});
     c.add("b", AtLog(1));
     c.rtvin.Check3Click(false);
     c.rtvin.Check4Click(false);
@@ -376,7 +376,7 @@ TEST(LineBatch, NoLowerLimitIsAnEmptyCellAndNoUpperLimitIsZero) {
     // the upper one as "0", which the test of differences takes for a value.
     Comparison c;
     c.add("tiny",
-          FakeLine{LineSpec{
+          FakeLine{LineFigures{
               .slope = 0.001, .meanLogDose = 0, .meanProbit = 6.2816, .sumSquaresLogDose = 1e8}});
     c.add("b", AtLog(1));
     c.rtvin.Check4Click(false);
@@ -394,7 +394,7 @@ TEST(LineBatch, NoLowerLimitIsAnEmptyCellAndNoUpperLimitIsZero) {
 TEST(LineBatch, ALineWhoseLimitsOverflowStopsTheComparisonWithItsName) {
     Comparison c;
     c.add("a", AtLog(1));
-    c.add("huge", FakeLine{LineSpec{.slope = 0.001, .meanLogDose = 0}});
+    c.add("huge", FakeLine{LineFigures{.slope = 0.001, .meanLogDose = 0}});
     c.rtvin.Text1.text = "90";
     EXPECT_EQ(c.run(), BatchOutcome::Failed);
     ASSERT_EQ(c.port.texts().size(), 1u);

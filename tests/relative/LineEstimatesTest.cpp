@@ -14,11 +14,11 @@ namespace morvane {
 namespace {
 
 using testing::Fitted;
-using testing::LineSpec;
+using testing::LineFigures;
 
-SharedRegisters WithLine(const LineSpec& spec) {
+SharedRegisters WithLine(const LineFigures& figures) {
     SharedRegisters shared;
-    shared.fit = Fitted(spec);
+    shared.fit = Fitted(figures);
     return shared;
 }
 

@@ -22,7 +22,7 @@ struct Replicate {
     bool control = false;  // a control row of the paired layout
 };
 
-struct LineFileSpec {
+struct LineFileFigures {
     std::vector<Replicate> rows;  // in the order of the table: ascending doses
     // The standard units tab: the first unit and the factor (1 "Dose", 2 "Con.",
     // 3 "Time").
@@ -40,16 +40,16 @@ inline std::string Quoted(const std::string& text) {
 }
 
 // The text of a current line file.
-inline std::string LineFileText(const LineFileSpec& spec) {
-    const bool custom = !spec.abbreviation.empty();
+inline std::string LineFileText(const LineFileFigures& figures) {
+    const bool custom = !figures.abbreviation.empty();
     std::string text = "2,\"\",\"\",\"\",\"\",\"\"\r\n";
-    text += "1," + std::string(custom ? "1" : "0") + "," + Quoted(custom ? "" : spec.unit) +
-            ",\"\"," + std::to_string(custom ? 1 : spec.factor) + "," +
-            Quoted(custom ? spec.customFactor : "Dose") + "," +
-            Quoted(custom ? spec.abbreviation : "LD") + "," +
-            Quoted(custom ? spec.customUnits : "") + ",0," + Quoted(spec.alpha) + ",0,0\r\n";
-    text += std::to_string(spec.rows.size() + 2) + ",6\r\n";
-    for (const Replicate& r : spec.rows) {
+    text += "1," + std::string(custom ? "1" : "0") + "," + Quoted(custom ? "" : figures.unit) +
+            ",\"\"," + std::to_string(custom ? 1 : figures.factor) + "," +
+            Quoted(custom ? figures.customFactor : "Dose") + "," +
+            Quoted(custom ? figures.abbreviation : "LD") + "," +
+            Quoted(custom ? figures.customUnits : "") + ",0," + Quoted(figures.alpha) + ",0,0\r\n";
+    text += std::to_string(figures.rows.size() + 2) + ",6\r\n";
+    for (const Replicate& r : figures.rows) {
         const std::string label = r.control ? "C" : "T";
         const std::string cells[] = {label,
                                      PlainText(r.dose),
@@ -143,14 +143,14 @@ class TempFolder {
 };
 
 // A line of five doubling doses, 50 individuals each, with the responses given.
-inline LineFileSpec FiveDoses(double firstDose, std::vector<double> responded) {
-    LineFileSpec spec;
+inline LineFileFigures FiveDoses(double firstDose, std::vector<double> responded) {
+    LineFileFigures figures;
     double dose = firstDose;
     for (double r : responded) {
-        spec.rows.push_back(Replicate{dose, 50, r});
+        figures.rows.push_back(Replicate{dose, 50, r});
         dose *= 2;
     }
-    return spec;
+    return figures;
 }
 
 }  // namespace morvane::testing
