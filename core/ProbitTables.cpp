@@ -89,23 +89,14 @@ constexpr std::array<double, 81> kWeightingCoefficient = {
 
 namespace {
 
-double Entry(const std::array<double, 100>& table, int k) {
-    if (k < 0 || k >= static_cast<int>(table.size()))
-        throw Fault("the probit table was read outside its ends (index " + std::to_string(k) + ")");
-    return table[static_cast<std::size_t>(k)];
-}
-
-double Entry(const std::array<double, 11>& table, int k) {
-    if (k < 0 || k >= static_cast<int>(table.size()))
-        throw Fault("the probit table was read outside its ends (index " + std::to_string(k) + ")");
-    return table[static_cast<std::size_t>(k)];
-}
-
-double Entry(const std::array<double, 81>& table, int i) {
-    if (i < 0 || i >= static_cast<int>(table.size()))
-        throw Fault("the working probit table was read outside its ends (index " +
-                    std::to_string(i) + ")");
-    return table[static_cast<std::size_t>(i)];
+// One entry of a table; an index outside its ends is a fault, as the table read
+// below its start by the four-character cut is.
+template <std::size_t N>
+double Entry(const std::array<double, N>& table, int index) {
+    if (index < 0 || index >= static_cast<int>(N))
+        throw Fault("the probit table was read outside its ends (index " + std::to_string(index) +
+                    ")");
+    return table[static_cast<std::size_t>(index)];
 }
 
 }  // namespace
