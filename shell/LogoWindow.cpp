@@ -103,6 +103,10 @@ LogoWindow::LogoWindow(std::function<QWidget*()> loadMain, QWidget* parent)
         frames_[static_cast<std::size_t>(i)] = Frame(i, size);
     picture2_ = frames_[0];
 
+    // Precise timers never fire early, so the splash lasts at least its 500 ms, seven
+    // frames of 100 ms and 1000 ms; coarse ones may fire up to 5% early.
+    for (QTimer* timer : {&timer1_, &timer2_, &timer3_})
+        timer->setTimerType(Qt::PreciseTimer);
     timer1_.setSingleShot(true);
     timer1_.setInterval(kStartDelayMs);
     timer2_.setInterval(kFrameMs);
