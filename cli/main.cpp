@@ -7,6 +7,8 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CompareCommand.h"
+#include "cli/PredictCommand.h"
+#include "cli/ReductionCommand.h"
 #include "cli/ReportCommand.h"
 
 namespace {
@@ -16,6 +18,8 @@ using morvane::cli::Command;
 const Command kCommands[] = {
     {"report", morvane::cli::RunReport, morvane::cli::kReportUsage},
     {"compare", morvane::cli::RunCompare, morvane::cli::kCompareUsage},
+    {"reduction", morvane::cli::RunReduction, morvane::cli::kReductionUsage},
+    {"predict", morvane::cli::RunPredict, morvane::cli::kPredictUsage},
 };
 
 std::string Usage() {

@@ -1,0 +1,98 @@
+#include "cli/ReductionCommand.h"
+
+#include <ostream>
+#include <string_view>
+
+#include "calculators/ReductionCalculator.h"
+#include "cli/CliCommand.h"
+#include "cli/ConsoleUserPort.h"
+#include "core/NumberText.h"
+
+namespace morvane::cli {
+
+const char* const kReductionUsage =
+    "  reduction FORMULA VALUE...\n"
+    "      The Reduction % calculator. FORMULA and its values, in the order of the\n"
+    "      boxes of its tab:\n"
+    "        abbott            treated after, control after\n"
+    "        henderson-tilton  treated before, control before, treated after,\n"
+    "                          control after\n"
+    "        schneider-orelli  mortality % in treated, mortality % in control\n"
+    "        sun-shepard       mortality % in treated, change % in control\n"
+    "      The values come in groups of that many; each group is typed into the\n"
+    "      boxes and \"OK >\" pressed, one group after the other. Prints the text\n"
+    "      that \"Copy table\" gives: the heading row, one row per accepted group\n"
+    "      and the empty last row, cells separated by tabs. A value may begin with\n"
+    "      a minus sign. A refused group is told on standard error and adds no\n"
+    "      row; exit status 1 when any group was refused.\n";
+
+namespace {
+
+using Tab = ReductionCalculator::Tab;
+
+const char* const kInvalidValue = "invaled value!";
+
+struct Formula {
+    std::string_view name;
+    Tab tab;
+};
+
+constexpr Formula kFormulas[] = {
+    {"abbott", Tab::Abbott},
+    {"henderson-tilton", Tab::HendersonTilton},
+    {"schneider-orelli", Tab::SchneiderOrelli},
+    {"sun-shepard", Tab::SunShepard},
+};
+
+// What the boxes would hold of the value: digits, the decimal point and the minus
+// sign, and a number unless it is empty. The boxes also take the comma, which
+// never makes a number, so it is refused here at once.
+bool AcceptableValue(const std::string& value) {
+    for (const char c : value)
+        if (!((c >= '0' && c <= '9') || c == '.' || c == '-'))
+            return false;
+    return value.empty() || ParseNumber(value).has_value();
+}
+
+}  // namespace
+
+int RunReduction(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    if (args.empty())
+        return kWrongUsage;
+    if (args[0] == "--help")
+        return kShowHelp;
+    const Formula* formula = nullptr;
+    for (const Formula& f : kFormulas)
+        if (f.name == args[0])
+            formula = &f;
+    if (formula == nullptr)
+        return kWrongUsage;
+    const std::vector<ReductionCalculator::Box> boxes = ReductionCalculator::Boxes(formula->tab);
+    const std::size_t values = args.size() - 1;
+    if (values % boxes.size() != 0)
+        return kWrongUsage;
+
+    ConsoleUserPort port(err);
+    ReductionCalculator calculator(port);
+    bool refused = false;
+    for (std::size_t first = 1; first < args.size(); first += boxes.size()) {
+        bool acceptable = true;
+        for (std::size_t i = 0; i < boxes.size(); ++i)
+            acceptable = acceptable && AcceptableValue(args[first + i]);
+        if (!acceptable) {
+            port.tell(kInvalidValue);
+            refused = true;
+            continue;
+        }
+        for (std::size_t i = 0; i < boxes.size(); ++i)
+            calculator.setText(boxes[i], args[first + i]);
+        const int rows = calculator.grid(formula->tab).rows();
+        calculator.OK(formula->tab);
+        if (calculator.grid(formula->tab).rows() == rows)
+            refused = true;
+    }
+    out << calculator.CopyTable(formula->tab);
+    return refused ? 1 : 0;
+}
+
+}  // namespace morvane::cli

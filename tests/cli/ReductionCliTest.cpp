@@ -1,0 +1,120 @@
+// morvane-cli reduction: the "Copy table" text of a formula's tab after the groups of
+// values, every refusal on standard error, and the exit status. The figures are
+// worked by hand from the formulas (see tests/calculators/ReductionCalculatorTest.cpp).
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "CliRun.h"
+
+namespace morvane {
+namespace {
+
+using testing::CliResult;
+using testing::RunCli;
+using testing::TempFolder;
+
+const std::string kReductionBlock =
+    "  reduction FORMULA VALUE...\n"
+    "      The Reduction % calculator. FORMULA and its values, in the order of the\n"
+    "      boxes of its tab:\n"
+    "        abbott            treated after, control after\n"
+    "        henderson-tilton  treated before, control before, treated after,\n"
+    "                          control after\n"
+    "        schneider-orelli  mortality % in treated, mortality % in control\n"
+    "        sun-shepard       mortality % in treated, change % in control\n"
+    "      The values come in groups of that many; each group is typed into the\n"
+    "      boxes and \"OK >\" pressed, one group after the other. Prints the text\n"
+    "      that \"Copy table\" gives: the heading row, one row per accepted group\n"
+    "      and the empty last row, cells separated by tabs. A value may begin with\n"
+    "      a minus sign. A refused group is told on standard error and adds no\n"
+    "      row; exit status 1 when any group was refused.\n";
+
+const std::string kAbbottHead = "\tn. t. after\tn. co. after\tcorrected %\n";
+const std::string kHendersonHead =
+    "\tn. t. before\tn. co. before\tn. t. after\tn. co. after\tcorrected %\n";
+const std::string kSchneiderHead = "\tM% in t.\tM% in co.\tcorrected %\n";
+const std::string kSunHead = "\tM% in t\tChange% in co\tcorrected %\n";
+
+class ReductionCliTest : public ::testing::Test {
+  protected:
+    void expectRun(const std::vector<std::string>& args, const std::string& out,
+                   const std::string& err, int status) {
+        std::vector<std::string> all{"reduction"};
+        all.insert(all.end(), args.begin(), args.end());
+        const CliResult result = RunCli(all, folder.path());
+        EXPECT_EQ(result.out, out);
+        EXPECT_EQ(result.err, err);
+        EXPECT_EQ(result.status, status);
+    }
+    std::string usage() { return RunCli({"--help"}, folder.path()).out; }
+
+    TempFolder folder;
+};
+
+TEST_F(ReductionCliTest, TheUsageHasTheCommand) {
+    const std::string help = usage();
+    EXPECT_NE(help.find(kReductionBlock), std::string::npos) << help;
+    expectRun({"--help"}, help, "", 0);
+}
+
+TEST_F(ReductionCliTest, Abbott) {
+    expectRun({"abbott", "20", "80", "0", "50", "120", "80"},
+              kAbbottHead + "1\t20\t80\t75.00\n2\t0\t50\t100.00\n3\t120\t80\t-50.00\n\t\t\t\n", "",
+              0);
+}
+
+TEST_F(ReductionCliTest, NoValuesGiveTheEmptyTable) {
+    expectRun({"abbott"}, kAbbottHead + "\t\t\t\n", "", 0);
+}
+
+TEST_F(ReductionCliTest, HendersonTilton) {
+    expectRun(
+        {"henderson-tilton", "100", "120", "30", "90", "0", "1", "1", "1", "5", "5", "5", "0"},
+        kHendersonHead + "1\t100\t120\t30\t90\t60.00\n\t\t\t\t\t\n",
+        "Can't accept 0 value\nCan't accept 0 value\n", 1);
+}
+
+TEST_F(ReductionCliTest, SchneiderOrelli) {
+    expectRun({"schneider-orelli", "100", "0", "50", "100", "55", "10", "101", "5", "5", "-1"},
+              kSchneiderHead + "1\t100\t0\t100.00\n2\t55\t10\t50.00\n\t\t\t\n",
+              "control value must be tween 0 and 100\n"
+              "treated value must be tween 0 and 100\n"
+              "control value must be tween 0 and 100\n",
+              1);
+}
+
+TEST_F(ReductionCliTest, SunShepard) {
+    expectRun({"sun-shepard", "40", "-100", "40", "100", "40", "20", "40", "-20"},
+              kSunHead + "1\t40\t20\t50.00\n2\t40\t-20\t25.00\n\t\t\t\n",
+              "invaled value!\n Change% in control plot value mustn't be = 100\n", 1);
+}
+
+TEST_F(ReductionCliTest, ValuesThatAreNoNumbersAreRefusedWhole) {
+    expectRun({"abbott", "1,5", "80", "abc", "80", "1.2.3", "80", "-", "80", "", "80", "1e2", "80",
+               "40", "80"},
+              kAbbottHead + "1\t40\t80\t50.00\n\t\t\t\n",
+              "invaled value!\ninvaled value!\ninvaled value!\ninvaled value!\ninvaled "
+              "value!\ninvaled value!\n",
+              1);
+}
+
+TEST_F(ReductionCliTest, AbbottChecks) {
+    expectRun({"abbott", "-1", "0", "5", "0", "5", "-3"}, kAbbottHead + "\t\t\t\n",
+              "treated value must be greater than 0\ncontrol value must be greater than 0\n"
+              "control value must be greater than 0\n",
+              1);
+}
+
+TEST_F(ReductionCliTest, WrongUsage) {
+    const std::string help = usage();
+    expectRun({}, "", help, 2);
+    expectRun({"abbot", "1", "2"}, "", help, 2);
+    expectRun({"abbott", "1"}, "", help, 2);
+    expectRun({"henderson-tilton", "1", "2", "3", "4", "5"}, "", help, 2);
+}
+
+}  // namespace
+}  // namespace morvane
