@@ -130,9 +130,8 @@ MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
             [this] { program_.openChangeOptions(); });
     connect(commandNotes_, &QPushButton::clicked, this, [this] { program_.openNotes(); });
     connect(commandProbit_, &QPushButton::clicked, this, [this] { program_.openProbit(); });
-    connect(commandControl_, &QPushButton::clicked, this, later("The Reduction % calculator"));
-    connect(commandFitLine_, &QPushButton::clicked, this,
-            later("Extrapolation and interpolation (Fit line)"));
+    connect(commandControl_, &QPushButton::clicked, this, [this] { program_.openReduction(); });
+    connect(commandFitLine_, &QPushButton::clicked, this, [this] { program_.openPrediction(); });
     connect(commandHelp_, &QPushButton::clicked, this, [this] { program_.openHelp("Hmain.htm"); });
     connect(commandCalc_, &QPushButton::clicked, this, [this] { program_.calculate(); });
     connect(commandAccept_, &QPushButton::clicked, this,

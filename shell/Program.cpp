@@ -9,7 +9,9 @@
 #include "shell/MainWindow.h"
 #include "shell/NotesDialog.h"
 #include "shell/OptionsDialog.h"
+#include "shell/PredictionWindow.h"
 #include "shell/ProbitDialog.h"
+#include "shell/ReductionWindow.h"
 #include "shell/ResultsWindow.h"
 
 namespace morvane {
@@ -172,6 +174,45 @@ void Program::openChangeOptions() {
     changeOptions_->open();
 }
 
+ReductionWindow* Program::reductionWindow() const {
+    return reduction_.data();
+}
+PredictionWindow* Program::predictionWindow() const {
+    return prediction_.data();
+}
+
+// The calculators unload when they close: each opening starts with empty boxes and
+// tables, and the input window is enabled again.
+void Program::openReduction() {
+    document_.setMainEnabled(false);
+    settle();
+    reduction_ = new ReductionWindow(
+        port_,
+        [this] {
+            reduction_->deleteLater();
+            document_.setMainEnabled(true);
+            settle();
+        },
+        main_);
+    reduction_->open();
+}
+
+void Program::openPrediction() {
+    document_.setMainEnabled(false);
+    settle();
+    prediction_ = new PredictionWindow(
+        shared_.probit, port_,
+        [this] {
+            prediction_->deleteLater();
+            document_.setMainEnabled(true);
+            settle();
+        },
+        main_);
+    prediction_->show();
+    prediction_->raise();
+    prediction_->activateWindow();
+}
+
 void Program::laterVersion(const QString& what) {
     port_.tell(what.toStdString() + " comes in a later version of Morvane.");
 }
@@ -180,9 +221,9 @@ void Program::endProgram() {
     if (ended_)
         return;
     ended_ = true;
-    for (QWidget* window :
-         std::initializer_list<QWidget*>{probit_.data(), notes_.data(), changeOptions_.data(),
-                                         options_.data(), help_.data(), results_.data(), main_}) {
+    for (QWidget* window : std::initializer_list<QWidget*>{
+             probit_.data(), reduction_.data(), prediction_.data(), notes_.data(),
+             changeOptions_.data(), options_.data(), help_.data(), results_.data(), main_}) {
         if (window)
             window->close();
     }

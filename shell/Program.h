@@ -30,6 +30,8 @@ class NotesDialog;
 class ResultsWindow;
 class HelpWindow;
 class ProbitDialog;
+class ReductionWindow;
+class PredictionWindow;
 
 // The frame of a window around its inside, in twips: the sizes that the layout
 // rules give for a window count its borders and title bar.
@@ -76,6 +78,10 @@ class Program : public QObject, public DocumentObserver {
     void openProbit();                   // CommandProbit
     void openNotes();                    // CommandInf_form
     void openChangeOptions();            // CommandChgangeOptions
+    void openReduction();                // CommandControl: a fresh Reduction % window
+    void openPrediction();               // Command1: a fresh extrapolation window
+    ReductionWindow* reductionWindow() const;
+    PredictionWindow* predictionWindow() const;
     // A button of a window that a later version brings: a plain message says so.
     void laterVersion(const QString& what);
 
@@ -115,6 +121,8 @@ class Program : public QObject, public DocumentObserver {
     QPointer<ResultsWindow> results_;
     QPointer<HelpWindow> help_;
     QPointer<ProbitDialog> probit_;
+    QPointer<ReductionWindow> reduction_;
+    QPointer<PredictionWindow> prediction_;
     Focus pendingFocus_ = Focus::None;
     int depth_ = 0;
     bool ended_ = false;
