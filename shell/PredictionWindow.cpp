@@ -46,7 +46,8 @@ class DownArrowFilter : public QObject {
 }  // namespace
 
 PredictionWindow::PredictionWindow(ProbitTables& probit, UserPort& port,
-                                   std::function<void()> closed, QWidget* parent)
+                                   std::function<void()> closed, std::function<void()> help,
+                                   QWidget* parent)
     : QDialog(parent), calculator_(probit, port), port_(port), closed_(std::move(closed)) {
     setWindowTitle("Extrapolation & Interpolation");
     setModal(false);
@@ -110,9 +111,21 @@ PredictionWindow::PredictionWindow(ProbitTables& probit, UserPort& port,
     g2->setRowMinimumHeight(3, PixelsY(*this, 300));
     g2->setRowStretch(7, 1);
 
-    auto* layout = new QHBoxLayout(this);
-    layout->addWidget(two, 1);
-    layout->addWidget(one, 1);
+    help_ = new QPushButton("Help", this);
+    help_->setAutoDefault(false);
+    connect(help_, &QPushButton::clicked, this, [help = std::move(help)] {
+        if (help)
+            help();
+    });
+    auto* panels = new QHBoxLayout;
+    panels->addWidget(two, 1);
+    panels->addWidget(one, 1);
+    auto* helpRow = new QHBoxLayout;
+    helpRow->addStretch(1);
+    helpRow->addWidget(help_);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(panels, 1);
+    layout->addLayout(helpRow);
     refresh();
 }
 

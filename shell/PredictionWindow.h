@@ -24,13 +24,17 @@ class PredictionWindow : public QDialog {
     using Button = LinePredictor::Button;
 
     // The tables and the port must outlive the window. closed runs when the window
-    // unloads, which enables the input window again.
+    // unloads, which enables the input window again; help opens the window's help page.
     PredictionWindow(ProbitTables& probit, UserPort& port, std::function<void()> closed,
-                     QWidget* parent = nullptr);
+                     std::function<void()> help, QWidget* parent = nullptr);
+
+    // The name of the window's help page in the program folder.
+    static constexpr const char* kHelpPage = "Hpredict.htm";
 
     LinePredictor& calculator() { return calculator_; }
     FilteredLineEdit* box(Box box) const { return boxes_[static_cast<int>(box)]; }
     QPushButton* button(Button button) const { return buttons_[static_cast<int>(button)]; }
+    QPushButton* helpButton() const { return help_; }
     QLabel* Label5() const { return label5_; }
     QLabel* Label6() const { return label6_; }
     QLabel* Label9() const { return label9_; }
@@ -55,6 +59,7 @@ class PredictionWindow : public QDialog {
     std::array<FilteredLineEdit*, 11> boxes_{};
     std::array<QPushButton*, 4> buttons_{};
     QLabel *label5_, *label6_, *label9_, *label16_;
+    QPushButton* help_;
     bool refreshing_ = false;
 };
 

@@ -193,7 +193,7 @@ void Program::openReduction() {
             document_.setMainEnabled(true);
             settle();
         },
-        main_);
+        [this] { openHelp(ReductionWindow::kHelpPage); }, main_);
     reduction_->open();
 }
 
@@ -207,7 +207,7 @@ void Program::openPrediction() {
             document_.setMainEnabled(true);
             settle();
         },
-        main_);
+        [this] { openHelp(PredictionWindow::kHelpPage); }, main_);
     prediction_->show();
     prediction_->raise();
     prediction_->activateWindow();

@@ -40,7 +40,8 @@ QLabel* GuideCell(const QString& text, QWidget* parent) {
 
 }  // namespace
 
-ReductionWindow::ReductionWindow(UserPort& port, std::function<void()> closed, QWidget* parent)
+ReductionWindow::ReductionWindow(UserPort& port, std::function<void()> closed,
+                                 std::function<void()> help, QWidget* parent)
     : QDialog(parent), calculator_(port), closed_(std::move(closed)) {
     setWindowTitle("Reduction %");
     setModal(false);
@@ -101,6 +102,17 @@ ReductionWindow::ReductionWindow(UserPort& port, std::function<void()> closed, Q
                   ReductionCalculator::TabCaption(Tab::SunShepard));
 
     tabs_->addTab(makeGuideTab(), ReductionCalculator::TabCaption(Tab::Guide));
+
+    help_ = new QPushButton("Help", this);
+    help_->setAutoDefault(false);
+    auto* helpRow = new QHBoxLayout;
+    helpRow->addStretch(1);
+    helpRow->addWidget(help_);
+    outer->addLayout(helpRow);
+    connect(help_, &QPushButton::clicked, this, [help = std::move(help)] {
+        if (help)
+            help();
+    });
 
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
         if (const auto first = ReductionCalculator::FirstBox(static_cast<Tab>(tab)))

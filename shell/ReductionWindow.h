@@ -28,8 +28,12 @@ class ReductionWindow : public QDialog {
     using Box = ReductionCalculator::Box;
 
     // The port must outlive the window. closed runs when the window unloads, which
-    // enables the input window again.
-    ReductionWindow(UserPort& port, std::function<void()> closed, QWidget* parent = nullptr);
+    // enables the input window again; help opens the window's help page.
+    ReductionWindow(UserPort& port, std::function<void()> closed, std::function<void()> help,
+                    QWidget* parent = nullptr);
+
+    // The name of the window's help page in the program folder.
+    static constexpr const char* kHelpPage = "Hreduction.htm";
 
     // Shows the window on its guide tab.
     void open();
@@ -41,6 +45,7 @@ class ReductionWindow : public QDialog {
     QPushButton* okButton(Tab tab) const { return ok_[static_cast<int>(tab)]; }
     QPushButton* eraseButton(Tab tab) const { return erase_[static_cast<int>(tab)]; }
     QPushButton* copyButton(Tab tab) const { return copy_[static_cast<int>(tab)]; }
+    QPushButton* helpButton() const { return help_; }
     QCheckBox* Check1() const { return check1_; }
     QFrame* Check1Frame() const { return check1Frame_; }
     QLabel* Label26() const { return label26_; }
@@ -69,6 +74,7 @@ class ReductionWindow : public QDialog {
     std::array<QLabel*, 10> labels_{};
     std::array<TextTableView*, 4> grids_{};
     std::array<QPushButton*, 4> ok_{}, erase_{}, copy_{};
+    QPushButton* help_ = nullptr;
     QCheckBox* check1_ = nullptr;
     QFrame* check1Frame_ = nullptr;
     QWidget* check1Further_ = nullptr;

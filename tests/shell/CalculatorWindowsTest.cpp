@@ -11,6 +11,7 @@
 
 #include "ShellTestSupport.h"
 #include "shell/FormulaWidgets.h"
+#include "shell/HelpWindow.h"
 #include "shell/MainWindow.h"
 #include "shell/PredictionWindow.h"
 #include "shell/ReductionWindow.h"
@@ -322,6 +323,19 @@ class CalculatorWindowsTest : public QObject {
             QVERIFY(fraction->rule()->width() >= fraction->denominator()->sizeHint().width());
         }
         w.close();
+    }
+
+    void helpOpensTheCalculatorsPages() {
+        ReductionWindow& reduction = openReduction();
+        Click(reduction.helpButton());
+        QCOMPARE(f->program->helpWindow().HelpPage(), f->path("Hreduction.htm"));
+        QVERIFY(f->program->helpWindow().isVisible());
+        reduction.close();
+        PredictionWindow& prediction = openPrediction();
+        Click(prediction.helpButton());
+        QCOMPARE(f->program->helpWindow().HelpPage(), f->path("Hpredict.htm"));
+        prediction.close();
+        f->program->helpWindow().close();
     }
 
     // Extrapolation & Interpolation
