@@ -12,6 +12,9 @@ using Box = ReductionCalculator::Box;
 using Tab = ReductionCalculator::Tab;
 
 constexpr int kBoxCount = 10;
+// Column widths of the result tables, in twips: the running number, then the values.
+constexpr int kNumberColumnWidth = 500;
+constexpr int kValueColumnWidth = 1300;
 const char* const kInvalidValue = "invaled value!";
 
 // The words of the checks, behind the caption of the box's label.
@@ -53,8 +56,10 @@ std::vector<std::string> Headings(Tab tab) {
 TextTable EmptyTable(Tab tab) {
     const std::vector<std::string> headings = Headings(tab);
     TextTable table(2, static_cast<int>(headings.size()));
-    for (int col = 0; col < table.cols(); ++col)
+    for (int col = 0; col < table.cols(); ++col) {
         table.setText(0, col, headings[col]);
+        table.setColumnWidth(col, col == 0 ? kNumberColumnWidth : kValueColumnWidth);
+    }
     return table;
 }
 

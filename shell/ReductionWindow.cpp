@@ -118,7 +118,7 @@ ReductionWindow::ReductionWindow(UserPort& port, std::function<void()> closed,
         if (const auto first = ReductionCalculator::FirstBox(static_cast<Tab>(tab)))
             focusBox(*first);
     });
-    resize(PixelsX(*this, 10200), PixelsY(*this, 7600));
+    resize(PixelsX(*this, 10200), PixelsY(*this, 8200));
 }
 
 QWidget* ReductionWindow::makeSunShepardFormula() {

@@ -15,6 +15,8 @@
 #include "ShellTestSupport.h"
 #include "shell/MainWindow.h"
 #include "shell/OptionsDialog.h"
+#include "shell/PredictionWindow.h"
+#include "shell/ReductionWindow.h"
 #include "shell/ResultsWindow.h"
 
 using namespace morvane;
@@ -38,6 +40,58 @@ void EnterRow(MainWindow& main, const QString& dose, const QString& first, const
     PressEnter(main.Text1input());
     QTest::keyClicks(main.Text2input(), second);
     PressEnter(main.Text2input());
+}
+
+// The two calculators: the guide and a formula of Reduction %, and both panels of the
+// extrapolation window with a prediction each.
+bool CalculatorScreenshots(ShellFixture& f, const QString& folder) {
+    using RBox = ReductionCalculator::Box;
+    using RTab = ReductionCalculator::Tab;
+    using PBox = LinePredictor::Box;
+    MainWindow& main = f.program->mainWindow();
+    Click(main.CommandControl());
+    ReductionWindow& reduction = *f.program->reductionWindow();
+    reduction.move(120, 80);
+    ShowActive(reduction);
+    bool ok = Save(reduction, folder, "reduction-guide.png");
+    QTest::mouseClick(reduction.Label31(), Qt::LeftButton);
+    const char* const plots[][4] = {
+        {"112", "98", "35", "104"}, {"86", "91", "12", "95"}, {"140", "133", "61", "128"}};
+    for (const auto& plot : plots) {
+        TypeInto(reduction.box(RBox::Text4), plot[0]);
+        TypeInto(reduction.box(RBox::Text5), plot[1]);
+        TypeInto(reduction.box(RBox::Text6), plot[2]);
+        TypeInto(reduction.box(RBox::Text7), plot[3]);
+        PressEnter(reduction.box(RBox::Text7));
+    }
+    ok = Save(reduction, folder, "reduction.png") && ok;
+    reduction.Tab1()->setCurrentIndex(static_cast<int>(RTab::SunShepard));
+    TypeInto(reduction.box(RBox::Text12), "64");
+    TypeInto(reduction.box(RBox::Text13), "-12.5");
+    PressEnter(reduction.box(RBox::Text13));
+    Click(reduction.Check1());
+    ok = Save(reduction, folder, "reduction-sun.png") && ok;
+    reduction.close();
+
+    ShowActive(main);
+    Click(main.Command1());
+    PredictionWindow& predict = *f.program->predictionWindow();
+    predict.move(120, 120);
+    ShowActive(predict);
+    TypeInto(predict.box(PBox::Text1), "0.5");
+    TypeInto(predict.box(PBox::Text2), "12");
+    TypeInto(predict.box(PBox::Text3), "8");
+    TypeInto(predict.box(PBox::Text4), "93");
+    TypeInto(predict.box(PBox::Text5), "2.5");
+    Click(predict.button(LinePredictor::Button::Command2));
+    TypeInto(predict.box(PBox::Text7), "2.4");
+    TypeInto(predict.box(PBox::Text8), "50");
+    TypeInto(predict.box(PBox::Text9), "1.85");
+    TypeInto(predict.box(PBox::Text10), "90");
+    Click(predict.button(LinePredictor::Button::Command5));
+    ok = Save(predict, folder, "predict.png") && ok;
+    predict.close();
+    return ok;
 }
 
 }  // namespace
@@ -82,6 +136,8 @@ int main(int argc, char** argv) {
     EnterRow(main, "8", "24", "1");
     EnterRow(main, "8", "23", "2");
     ok = Save(main, folder, "main.png") && ok;
+    ok = CalculatorScreenshots(f, folder) && ok;
+    ShowActive(main);
 
     Click(main.CommandCalc());
     ResultsWindow* results = f.program->resultsWindow();
