@@ -325,6 +325,25 @@ class CalculatorWindowsTest : public QObject {
         w.close();
     }
 
+    void abbottZeroTreatedIsAFullReduction() {
+        ReductionWindow& w = openReduction();
+        QVERIFY(ShowActive(w));
+        QTest::mouseClick(w.Label28(), Qt::LeftButton);
+        Keys(w.box(RBox::Text9), "0");
+        PressEnter(w.box(RBox::Text9));
+        Keys(w.box(RBox::Text10), "50");
+        Click(w.okButton(RTab::Abbott));
+        QCOMPARE(w.grid(RTab::Abbott)->cellText(1, 3), QString("100.00"));
+        TypeInto(w.box(RBox::Text9), "-5");
+        Click(w.okButton(RTab::Abbott));
+        QCOMPARE(Text(f->port.messages.back().text),
+                 QString("treated value must be greater than 0"));
+        QCOMPARE(Text(f->port.messages.back().title), QString("invaled value!"));
+        QVERIFY(w.box(RBox::Text9)->hasFocus());
+        QCOMPARE(w.calculator().grid(RTab::Abbott).rows(), 3);
+        w.close();
+    }
+
     void helpOpensTheCalculatorsPages() {
         ReductionWindow& reduction = openReduction();
         Click(reduction.helpButton());
@@ -422,6 +441,27 @@ class CalculatorWindowsTest : public QObject {
         Click(w.button(PButton::Command5));
         QCOMPARE(w.box(PBox::Text11)->text(), QString("31.423"));
         QVERIFY(f->port.messages.empty());
+        w.close();
+    }
+
+    void anIllegalSlopeKeepsTheLineBefore() {
+        PredictionWindow& w = openPrediction();
+        QVERIFY(ShowActive(w));
+        TypeInto(w.box(PBox::Text1), "1");
+        TypeInto(w.box(PBox::Text2), "016");
+        TypeInto(w.box(PBox::Text3), "10");
+        QCOMPARE(w.box(PBox::Text2)->text(), QString("16"));  // rewritten on leaving
+        TypeInto(w.box(PBox::Text4), "84");
+        TypeInto(w.box(PBox::Text3), "1");
+        QCOMPARE(f->port.lastText(), kIllegalSlope);
+        QCOMPARE(w.Label6()->text(), QString("1.989"));
+        QVERIFY(w.box(PBox::Text5)->isEnabled());
+        // A response of 0.5 in the predict box is out of scale, though the tables
+        // reach 0.1.
+        TypeInto(w.box(PBox::Text6), "0.5");
+        Click(w.button(PButton::Command3));
+        QCOMPARE(f->port.lastText(), QString("This point is out of scale"));
+        QCOMPARE(w.box(PBox::Text5)->text(), QString());
         w.close();
     }
 
