@@ -139,6 +139,7 @@ void LineDocument::readOlderInto(const std::string& path, bool secondTableAccept
 }
 
 bool LineDocument::ReadOlderFile(const std::string& path) {
+    const FileOptions optionsBefore = options_;  // a file that fails leaves none of its own
     try {
         readOlderInto(path, true);
         form_.FileTitle = ShortFileName(path);
@@ -155,6 +156,7 @@ bool LineDocument::ReadOlderFile(const std::string& path) {
         return true;
     } catch (const std::exception& e) {
         ResetLine();
+        options_ = optionsBefore;
         notify();
         port_.tell(kOpeningError + ShortErrorText(e.what()));
         return false;

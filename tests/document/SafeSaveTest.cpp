@@ -359,5 +359,14 @@ TEST_F(SafeSaveTest, AFileThatFailsLateLeavesNoOptionsBehind) {
     EXPECT_EQ(doc.Grid1().cols(), 3);
 }
 
+TEST_F(SafeSaveTest, AnOlderFileThatFailsLateLeavesNoOptionsBehind) {
+    StartLine(1, "mg");
+    const LineOptions before = doc.fileOptions().controls;
+    EXPECT_FALSE(doc.OpenLineFile(FixturePath("older-missing-value.mrv")));
+    EXPECT_EQ(LastMessage(), "An error occurred while opening this file.\n\"\" is not a number");
+    EXPECT_EQ(doc.fileOptions().controls, before);
+    EXPECT_EQ(doc.Grid1().cols(), 3);
+}
+
 }  // namespace
 }  // namespace morvane::testing
