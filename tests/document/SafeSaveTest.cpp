@@ -360,7 +360,7 @@ TEST_F(SafeSaveTest, AFileThatFailsLateLeavesNoOptionsBehind) {
 }
 
 TEST_F(SafeSaveTest, AnOlderFileThatFailsLateLeavesNoOptionsBehind) {
-    StartLine(1, "mg");
+    StartLine(0, "ppm");  // the file holds type 1 in mg
     const LineOptions before = doc.fileOptions().controls;
     EXPECT_FALSE(doc.OpenLineFile(FixturePath("older-missing-value.mrv")));
     EXPECT_EQ(LastMessage(), "An error occurred while opening this file.\n\"\" is not a number");
