@@ -111,6 +111,21 @@ TEST_F(SafeSaveTest, TheModeOfTheOldFileIsKept) {
     EXPECT_EQ(ReadBytes(path).substr(0, 2), "2,");
 }
 
+TEST_F(SafeSaveTest, TheOwnerAndGroupOfTheOldFileAreKeptWhereTheProcessMay) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only a process of the superuser may give a file to another owner";
+    const std::string path = folder.file("theirs.mrv");
+    WriteBytes(path, "old content");
+    ASSERT_EQ(::chown(path.c_str(), 4321, 8765), 0);
+    TypeTwoRows();
+    SaveTo(path);
+    struct stat info {};
+    ASSERT_EQ(::stat(path.c_str(), &info), 0);
+    EXPECT_EQ(info.st_uid, 4321u);
+    EXPECT_EQ(info.st_gid, 8765u);
+    EXPECT_EQ(ReadBytes(path).substr(0, 2), "2,");
+}
+
 TEST_F(SafeSaveTest, ANewFileGetsTheModeTheUmaskGives) {
     const mode_t saved = ::umask(027);
     TypeTwoRows();
