@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <deque>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 
@@ -291,6 +292,16 @@ int RunCompare(const std::vector<std::string>& args, std::ostream& out, std::ost
     }
     if (request.files.empty())
         return kWrongUsage;
+    // A folder would only fail later in the reading, with the system's terse words.
+    for (const std::string& file : request.files) {
+        std::error_code error;
+        if (std::filesystem::is_directory(file, error)) {
+            err << "compare: \"" << file
+                << "\" is a folder; compare wants line files. Name the files, for example \""
+                << (std::filesystem::path(file) / "*.mrv").string() << "\".\n";
+            return kRefused;
+        }
+    }
     if (&err == &std::cerr && ::isatty(STDERR_FILENO))
         request.progress = &err;
     return CompareLines(request, out, err);

@@ -1,5 +1,6 @@
 // morvane-cli: the line analysis of Morvane from the command line. The first argument
 // names the command; each command has one line in the table below.
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -79,6 +80,9 @@ int Dispatch(const std::vector<std::string>& args) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Past the file-size limit of the process a write fails with EFBIG and is reported
+    // as a failure, instead of the signal ending the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     std::ios::sync_with_stdio(false);
     try {
         const int status = Dispatch(std::vector<std::string>(argv + 1, argv + argc));

@@ -1,6 +1,7 @@
 #include "core/DoseEstimates.h"
 
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 #include "core/Fault.h"
@@ -79,7 +80,10 @@ void EstimateAtPercent(SharedRegisters& shared) {
         FiducialLimits(shared);
 }
 
-void FiducialLimits(SharedRegisters& shared) {
+namespace {
+
+// Fieller's limits of the log estimate in LogEstimate: upper and lower, on the log scale.
+std::pair<double, double> LogLimits(const SharedRegisters& shared) {
     const FitResult& fit = shared.fit;
     const double m = shared.LogEstimate;
     const double g = fit.GValue;
@@ -90,10 +94,17 @@ void FiducialLimits(SharedRegisters& shared) {
                                ((1 - g) / fit.SumWeights) * fit.HeterogeneityFactor);
     const double e = (fit.TValue / ((1 - g) * b)) * s;
     const double c = (g / (1 - g)) * distance + m;
-    shared.UpperLimit = c + e;
-    shared.LowerLimit = c - e;
+    std::pair<double, double> limits{c + e, c - e};
     if (b < 0)
-        std::swap(shared.UpperLimit, shared.LowerLimit);
+        std::swap(limits.first, limits.second);
+    return limits;
+}
+
+}  // namespace
+
+void FiducialLimits(SharedRegisters& shared) {
+    const FitResult& fit = shared.fit;
+    std::tie(shared.UpperLimit, shared.LowerLimit) = LogLimits(shared);
     // An overflowing power ends the routine where it stands, as an error inside the
     // estimate would: the limits keep what they hold at that point.
     double upper = 0, lower = 0;
@@ -103,6 +114,18 @@ void FiducialLimits(SharedRegisters& shared) {
     if (!LimitFromLog(shared.LowerLimit, fit.DoseScale, lower))
         return;
     shared.LowerLimit = lower;
+}
+
+bool EstimateOverflowed(const SharedRegisters& shared) {
+    const FitResult& fit = shared.fit;
+    if (fit.Slope == 0)
+        return false;
+    if (std::isinf(PowerOfTen(shared.LogEstimate)))
+        return true;
+    if (!(fit.GValue < 0.4))
+        return false;
+    const auto [upper, lower] = LogLimits(shared);
+    return std::isinf(PowerOfTen(upper)) || std::isinf(PowerOfTen(lower));
 }
 
 bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {

@@ -30,6 +30,11 @@ void EstimateAtPercent(SharedRegisters& shared);
 // rounded to four decimals in the user's units.
 void FiducialLimits(SharedRegisters& shared);
 
+// Whether the last EstimateAtPercent could not bring its estimate or one of its limits
+// back from the log scale because the power of ten overflowed: the estimate then reads
+// 0, or a limit still holds its log value. Neither may be shown as a dose.
+bool EstimateOverflowed(const SharedRegisters& shared);
+
 // WorkValue: a dose in the user's units in, its response percent out. Returns false
 // when the response is out of scale: the user is told "This value is out of scale"
 // and WorkValue holds the probit.

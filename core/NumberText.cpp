@@ -147,6 +147,16 @@ std::string FormatExponent(double value, int mantissaDigits) {
     return (d.negative ? "-" : "") + mantissa + ExponentSuffix(exponent, false);
 }
 
+// An overflow or a result that is no number stops the routine that made it, as the
+// arithmetic fault it is: no table, file or message ever shows "Infinity" or "NaN", nor
+// a made-up 0 in their place.
+void CheckWritable(double value) {
+    if (std::isnan(value))
+        throw Fault("a result is no number (a division of zero by zero or the like)");
+    if (std::isinf(value))
+        throw Fault("a result is larger than any number can be (an overflow)");
+}
+
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
@@ -156,10 +166,7 @@ bool IsBlank(char c) {
 std::string PlainText(double value) {
     if (value == 0.0)
         return "0";
-    if (std::isnan(value))
-        return "NaN";
-    if (std::isinf(value))
-        return value < 0 ? "-Infinity" : "Infinity";
+    CheckWritable(value);
     const Digits15 d = ToDigits15(value);
     const std::string significant = StripTrailingZeros(d.digits);
     const int n = static_cast<int>(significant.size());
@@ -176,13 +183,13 @@ std::string PlainText(double value) {
 std::string PlainDecimalText(double value) {
     if (value == 0.0)
         return "0";
-    if (!std::isfinite(value))
-        return PlainText(value);
+    CheckWritable(value);
     const Digits15 d = ToDigits15(value);
     return PlainFromDigits(d.negative, StripTrailingZeros(d.digits), d.exponent);
 }
 
 std::string FormatNumber(double value, std::string_view pattern) {
+    CheckWritable(value);
     const auto e = pattern.find_first_of("Ee");
     if (e != std::string_view::npos)
         return FormatExponent(value, static_cast<int>(e));

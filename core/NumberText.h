@@ -19,6 +19,10 @@ namespace morvane {
 // binary value), trailing zeros dropped. Plain decimal form ("0.5", "-12.25", "0")
 // unless that would need more than 15 digits, then exponent form such as
 // "3.33333333333333E-04" or "1E+15".
+//
+// These and FormatNumber throw Fault for an infinite value or one that is no number:
+// such a value is an arithmetic fault of the routine that made it, and is never
+// written.
 std::string PlainText(double value);
 
 // The same 15-digit value always in plain decimal form, however many zeros it takes.

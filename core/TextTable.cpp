@@ -1,21 +1,125 @@
 #include "core/TextTable.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <stdexcept>
 
 namespace morvane {
+namespace {
+
+constexpr std::uint32_t kGone = 0xFFFFFFFFu;  // a slot whose text was dropped
+
+std::size_t HashOf(std::string_view text) {
+    return std::hash<std::string_view>{}(text);
+}
+
+}  // namespace
+
+// ---- The distinct texts.
+
+TextTable::TextPool::TextPool() {
+    texts_.emplace_back();
+    counts_.push_back(0);
+}
+
+std::size_t TextTable::TextPool::find(std::string_view text, std::size_t hash) const {
+    // The slot that holds the text, or the empty slot where the search ended.
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        const std::uint32_t slot = slots_[i];
+        if (slot == 0 || (slot != kGone && texts_[slot - 1] == text))
+            return i;
+    }
+}
+
+void TextTable::TextPool::grow() {
+    std::size_t size = 16;
+    std::size_t live = 0;
+    for (std::uint32_t slot : slots_)
+        live += slot != 0 && slot != kGone;
+    while (size < live * 4)
+        size *= 2;
+    std::vector<std::uint32_t> old = std::move(slots_);
+    slots_.assign(size, 0);
+    taken_ = 0;
+    for (std::uint32_t slot : old) {
+        if (slot == 0 || slot == kGone)
+            continue;
+        slots_[find(texts_[slot - 1], HashOf(texts_[slot - 1]))] = slot;
+        ++taken_;
+    }
+}
+
+std::uint32_t TextTable::TextPool::add(std::string text) {
+    if (text.empty())
+        return 0;
+    if ((taken_ + 1) * 2 > slots_.size())
+        grow();
+    const std::size_t hash = HashOf(text);
+    const std::size_t i = find(text, hash);
+    if (slots_[i] != 0) {
+        const std::uint32_t id = slots_[i] - 1;
+        ++counts_[id];
+        return id;
+    }
+    std::uint32_t id;
+    if (!unused_.empty()) {
+        id = unused_.back();
+        unused_.pop_back();
+        texts_[id] = std::move(text);
+        counts_[id] = 1;
+    } else {
+        id = static_cast<std::uint32_t>(texts_.size());
+        texts_.push_back(std::move(text));
+        counts_.push_back(1);
+    }
+    slots_[i] = id + 1;
+    ++taken_;
+    return id;
+}
+
+void TextTable::TextPool::release(std::uint32_t id) {
+    if (id == 0 || --counts_[id] > 0)
+        return;
+    slots_[find(texts_[id], HashOf(texts_[id]))] = kGone;
+    texts_[id] = std::string();
+    unused_.push_back(id);
+}
+
+// ---- The table.
 
 TextTable::TextTable(int rows, int cols) {
     setCols(cols);
     setRows(rows);
 }
 
+TextTable::Cell& TextTable::at(int row, int col) {
+    checkCell(row, col);
+    return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+                  static_cast<std::size_t>(col)];
+}
+
+const TextTable::Cell& TextTable::at(int row, int col) const {
+    checkCell(row, col);
+    return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+                  static_cast<std::size_t>(col)];
+}
+
+void TextTable::releaseRows(int first, int last) {
+    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(first) * cols_;
+    const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(last) * cols_;
+    for (auto it = begin; it != end; ++it)
+        texts_.release(it->text);
+}
+
 void TextTable::setRows(int rows) {
     if (rows < 0)
         rows = 0;
-    cells_.resize(static_cast<std::size_t>(rows),
-                  std::vector<TableCell>(static_cast<std::size_t>(cols_)));
+    if (rows < rows_)
+        releaseRows(rows, rows_);
+    rows_ = rows;
+    cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
     rowHeights_.resize(static_cast<std::size_t>(rows), -1);
     if (currentRow_ >= rows)
         currentRow_ = rows > 0 ? rows - 1 : 0;
@@ -24,9 +128,21 @@ void TextTable::setRows(int rows) {
 void TextTable::setCols(int cols) {
     if (cols < 0)
         cols = 0;
+    if (cols != cols_) {
+        std::vector<Cell> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols));
+        for (int r = 0; r < rows_; ++r)
+            for (int c = 0; c < cols_; ++c) {
+                Cell& old = cells_[static_cast<std::size_t>(r) * static_cast<std::size_t>(cols_) +
+                                   static_cast<std::size_t>(c)];
+                if (c < cols)
+                    cells[static_cast<std::size_t>(r) * static_cast<std::size_t>(cols) +
+                          static_cast<std::size_t>(c)] = old;
+                else
+                    texts_.release(old.text);
+            }
+        cells_ = std::move(cells);
+    }
     cols_ = cols;
-    for (auto& row : cells_)
-        row.resize(static_cast<std::size_t>(cols));
     columnWidths_.resize(static_cast<std::size_t>(cols), -1);
     columnAlignments_.resize(static_cast<std::size_t>(cols));
     if (currentCol_ >= cols)
@@ -39,16 +155,20 @@ void TextTable::addRow() {
 
 void TextTable::removeRow(int row) {
     checkCell(row, 0);
-    cells_.erase(cells_.begin() + row);
+    releaseRows(row, row + 1);
+    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(row) * cols_;
+    cells_.erase(begin, begin + cols_);
+    --rows_;
     rowHeights_.erase(rowHeights_.begin() + row);
     if (currentRow_ >= rows())
         currentRow_ = rows() > 0 ? rows() - 1 : 0;
 }
 
 void TextTable::clear() {
-    for (auto& row : cells_)
-        for (auto& c : row)
-            c = TableCell{};
+    for (Cell& c : cells_) {
+        texts_.release(c.text);
+        c = Cell{};
+    }
 }
 
 void TextTable::checkCell(int row, int col) const {
@@ -57,45 +177,59 @@ void TextTable::checkCell(int row, int col) const {
                                 " outside " + std::to_string(rows()) + "x" + std::to_string(cols_));
 }
 
-const TableCell& TextTable::cell(int row, int col) const {
-    checkCell(row, col);
-    return cells_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)];
-}
-
-TableCell& TextTable::cell(int row, int col) {
-    checkCell(row, col);
-    return cells_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)];
+TableCell TextTable::cell(int row, int col) const {
+    const Cell& c = at(row, col);
+    const CellLook& look = looks_[c.look];
+    return TableCell{texts_.text(c.text), look.fore, look.back, look.alignment, look.picture};
 }
 
 const std::string& TextTable::text(int row, int col) const {
-    return cell(row, col).text;
+    return texts_.text(at(row, col).text);
 }
 void TextTable::setText(int row, int col, std::string text) {
-    cell(row, col).text = std::move(text);
+    Cell& c = at(row, col);
+    const std::uint32_t old = c.text;
+    c.text = texts_.add(std::move(text));
+    texts_.release(old);
 }
+
+template <class Change>
+void TextTable::changeLook(int row, int col, Change change) {
+    Cell& c = at(row, col);
+    CellLook look = looks_[c.look];
+    change(look);
+    const auto found = std::find(looks_.begin(), looks_.end(), look);
+    if (found != looks_.end()) {
+        c.look = static_cast<std::uint32_t>(found - looks_.begin());
+    } else {
+        c.look = static_cast<std::uint32_t>(looks_.size());
+        looks_.push_back(std::move(look));
+    }
+}
+
 std::optional<Color> TextTable::fore(int row, int col) const {
-    return cell(row, col).fore;
+    return looks_[at(row, col).look].fore;
 }
 void TextTable::setFore(int row, int col, std::optional<Color> color) {
-    cell(row, col).fore = color;
+    changeLook(row, col, [&](CellLook& look) { look.fore = color; });
 }
 std::optional<Color> TextTable::back(int row, int col) const {
-    return cell(row, col).back;
+    return looks_[at(row, col).look].back;
 }
 void TextTable::setBack(int row, int col, std::optional<Color> color) {
-    cell(row, col).back = color;
+    changeLook(row, col, [&](CellLook& look) { look.back = color; });
 }
 std::optional<Alignment> TextTable::cellAlignment(int row, int col) const {
-    return cell(row, col).alignment;
+    return looks_[at(row, col).look].alignment;
 }
 void TextTable::setCellAlignment(int row, int col, std::optional<Alignment> alignment) {
-    cell(row, col).alignment = alignment;
+    changeLook(row, col, [&](CellLook& look) { look.alignment = alignment; });
 }
 const std::string& TextTable::picture(int row, int col) const {
-    return cell(row, col).picture;
+    return looks_[at(row, col).look].picture;
 }
 void TextTable::setPicture(int row, int col, std::string picture) {
-    cell(row, col).picture = std::move(picture);
+    changeLook(row, col, [&](CellLook& look) { look.picture = std::move(picture); });
 }
 
 int TextTable::columnWidth(int col) const {
@@ -160,22 +294,26 @@ void TextTable::sortByColumn(int col, int firstRow, int lastRow) {
     if (firstRow >= lastRow)
         return;
     checkCell(firstRow, col);
-    auto begin = cells_.begin() + firstRow;
     std::vector<std::size_t> order(static_cast<std::size_t>(lastRow - firstRow + 1));
     std::iota(order.begin(), order.end(), std::size_t{0});
+    auto key = [&](std::size_t i) -> const std::string& {
+        return text(firstRow + static_cast<int>(i), col);
+    };
     std::stable_sort(order.begin(), order.end(), [&](std::size_t x, std::size_t y) {
-        return CompareTextNoCase(
-                   begin[static_cast<std::ptrdiff_t>(x)][static_cast<std::size_t>(col)].text,
-                   begin[static_cast<std::ptrdiff_t>(y)][static_cast<std::size_t>(col)].text) < 0;
+        return CompareTextNoCase(key(x), key(y)) < 0;
     });
-    std::vector<std::vector<TableCell>> sorted;
+    const std::size_t width = static_cast<std::size_t>(cols_);
+    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(firstRow) * cols_;
+    std::vector<Cell> sorted;
     std::vector<int> heights;
-    sorted.reserve(order.size());
+    sorted.reserve(order.size() * width);
+    heights.reserve(order.size());
     for (std::size_t i : order) {
-        sorted.push_back(std::move(begin[static_cast<std::ptrdiff_t>(i)]));
+        const auto row = begin + static_cast<std::ptrdiff_t>(i * width);
+        sorted.insert(sorted.end(), row, row + static_cast<std::ptrdiff_t>(width));
         heights.push_back(rowHeights_[static_cast<std::size_t>(firstRow) + i]);
     }
-    std::move(sorted.begin(), sorted.end(), begin);
+    std::copy(sorted.begin(), sorted.end(), begin);
     std::copy(heights.begin(), heights.end(), rowHeights_.begin() + firstRow);
 }
 
@@ -191,6 +329,21 @@ std::string TextTable::dump() const {
         }
     }
     return out;
+}
+
+bool operator==(const TextTable& a, const TextTable& b) {
+    if (a.rows_ != b.rows_ || a.cols_ != b.cols_ || a.rowHeights_ != b.rowHeights_ ||
+        a.columnWidths_ != b.columnWidths_ || a.columnAlignments_ != b.columnAlignments_ ||
+        a.currentRow_ != b.currentRow_ || a.currentCol_ != b.currentCol_)
+        return false;
+    for (std::size_t i = 0; i < a.cells_.size(); ++i) {
+        const TextTable::Cell& x = a.cells_[i];
+        const TextTable::Cell& y = b.cells_[i];
+        if (a.texts_.text(x.text) != b.texts_.text(y.text) ||
+            !(a.looks_[x.look] == b.looks_[y.look]))
+            return false;
+    }
+    return true;
 }
 
 }  // namespace morvane

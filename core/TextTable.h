@@ -7,10 +7,19 @@
 // written, is what every later step reads back. Row 0 is the heading row; all row and
 // column numbers are 0-based. Widths and heights are in twips (1440 to the inch);
 // -1 means "the grid's default".
+//
+// A table of a large line holds hundreds of thousands of cells, most of them short
+// texts that repeat ("T", "20", "80.000") and the grid's default look. So a cell is
+// kept as two small numbers: its text, one of the table's distinct texts, each kept
+// once with a count of the cells that hold it; and its look (colours, alignment,
+// picture), one of the table's distinct looks. A reference that text() gives stays
+// valid until that cell's text changes or its row is removed or sorted.
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace morvane {
@@ -44,7 +53,7 @@ class TextTable {
     TextTable() = default;
     TextTable(int rows, int cols);
 
-    int rows() const { return static_cast<int>(cells_.size()); }
+    int rows() const { return rows_; }
     int cols() const { return cols_; }
     // Changing the size keeps the cells that stay and adds empty ones.
     void setRows(int rows);
@@ -64,8 +73,8 @@ class TextTable {
     void setCellAlignment(int row, int col, std::optional<Alignment> alignment);
     const std::string& picture(int row, int col) const;
     void setPicture(int row, int col, std::string picture);
-    const TableCell& cell(int row, int col) const;
-    TableCell& cell(int row, int col);
+    // The cell's text and look together, as a value.
+    TableCell cell(int row, int col) const;
 
     int columnWidth(int col) const;
     void setColumnWidth(int col, int twips);
@@ -86,13 +95,54 @@ class TextTable {
     // quick looks, not an export format.
     std::string dump() const;
 
-    friend bool operator==(const TextTable&, const TextTable&) = default;
+    // The same size, cell texts and looks, row heights, column widths and alignments,
+    // and current cell.
+    friend bool operator==(const TextTable& a, const TextTable& b);
 
   private:
-    void checkCell(int row, int col) const;
+    // The distinct texts of the table. Id 0 is the empty text and is never counted; a
+    // text no cell holds any more is dropped and its id used again.
+    class TextPool {
+      public:
+        TextPool();
+        std::uint32_t add(std::string text);  // counts one more cell holding the text
+        void release(std::uint32_t id);       // one cell fewer
+        const std::string& text(std::uint32_t id) const { return texts_[id]; }
 
+      private:
+        std::size_t find(std::string_view text, std::size_t hash) const;
+        void grow();
+        std::deque<std::string> texts_;  // a deque, so that texts never move
+        std::vector<std::uint32_t> counts_;
+        std::vector<std::uint32_t> unused_;
+        std::vector<std::uint32_t> slots_;  // open addressing: id + 1, 0 empty, kGone
+        std::size_t taken_ = 0;             // slots not empty, the gone ones included
+    };
+    // The look of a cell but its text; id 0 is the default look.
+    struct CellLook {
+        std::optional<Color> fore;
+        std::optional<Color> back;
+        std::optional<Alignment> alignment;
+        std::string picture;
+        friend bool operator==(const CellLook&, const CellLook&) = default;
+    };
+    struct Cell {
+        std::uint32_t text = 0;
+        std::uint32_t look = 0;
+    };
+
+    void checkCell(int row, int col) const;
+    Cell& at(int row, int col);
+    const Cell& at(int row, int col) const;
+    void releaseRows(int first, int last);  // the texts of rows first..last-1
+    template <class Change>
+    void changeLook(int row, int col, Change change);
+
+    int rows_ = 0;
     int cols_ = 0;
-    std::vector<std::vector<TableCell>> cells_;
+    std::vector<Cell> cells_;  // row by row
+    TextPool texts_;
+    std::vector<CellLook> looks_{CellLook{}};
     std::vector<int> rowHeights_;
     std::vector<int> columnWidths_;
     std::vector<std::optional<Alignment>> columnAlignments_;

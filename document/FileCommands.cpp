@@ -4,6 +4,7 @@
 
 #include "document/FileBytes.h"
 #include "document/LineDocument.h"
+#include "document/LineFileChecks.h"
 
 namespace morvane {
 namespace {
@@ -185,7 +186,8 @@ void LineDocument::CommandSave() {
     }
 
     try {
-        ReplaceFileContents(form_.FilePath, WriteLineFile(options_.controls, form_.Grid1, notes_));
+        ReplaceFileContents(form_.FilePath,
+                            WriteCheckedLineFile(options_.controls, form_.Grid1, notes_));
     } catch (const std::exception& e) {
         dropPending();
         port_.tell(std::string("An error occurred while saving this file.\n") + e.what());

@@ -97,7 +97,7 @@ void ReadOptionsRecord(FieldReader& in, FileOptions& options, SharedRegisters& s
     for (const char* text : kAlphaTexts)
         known = known || alpha == text;
     if (!known)
-        throw FileFormatError("\"" + alpha + "\" is not a value of the probability of T");
+        throw FileFormatError(QuoteField(alpha) + " is not a value of the probability of T");
     c.Combo7 = std::move(alpha);
     c.Check2 = CheckValue(in.readInteger16(), "replicates flag");
     c.Check4 = CheckValue(in.readInteger16(), "default flag");
@@ -110,6 +110,15 @@ TableSize ReadSizeRecord(FieldReader& in) {
     return size;
 }
 
+void CheckTableSize(const TableSize& size, const FieldReader& in) {
+    if (size.rows < 2 || size.cols < 1)
+        throw FileFormatError("the table's size, " + std::to_string(size.rows) + " rows of " +
+                              std::to_string(size.cols) + " columns, is not a table's");
+    const long long cells = static_cast<long long>(size.rows - 2) * size.cols;
+    if (cells > static_cast<long long>(in.remaining()))
+        throw FileFormatError("the file ends before the end of the table");
+}
+
 NotesSheet ReadNotesRecord(FieldReader& in) {
     NotesSheet notes;
     notes.TreatmentName = in.readString();
@@ -119,34 +128,45 @@ NotesSheet ReadNotesRecord(FieldReader& in) {
     return notes;
 }
 
-OlderLineFile ReadOlderLayout(FieldReader& in) {
+namespace {
+
+bool IsAlphaText(const std::string& text) {
+    for (const char* known : kAlphaTexts)
+        if (text == known)
+            return true;
+    return false;
+}
+
+OlderLineFile ReadOlderFields(FieldReader& in) {
     OlderLineFile file;
     in.readString();  // the mark, 1
     for (int i = 0; i < 5; ++i)
         in.readInteger16();
 
-    file.dataType = in.readInteger16();               // 1
-    file.unit1 = in.readString();                     // 2
-    in.readInteger16();                               // 3
-    file.unit2 = in.readString();                     // 4
-    file.factorSelector = in.readInteger16();         // 5
-    in.readDouble();                                  // 6
-    in.readString();                                  // 7, a field of any kind
-    const std::int16_t lastRow = in.readInteger16();  // 8
-    const std::int16_t lastCol = in.readInteger16();  // 9
-    in.readString();                                  // 10
-    file.customFactor = in.readString();              // 11
-    file.customAbbreviation = in.readString();        // 12
-    file.customUnits = in.readString();               // 13
-    file.controlFlag = in.readInteger16();            // 14
-    file.alpha = in.readString();                     // 15
-    in.readString();                                  // 16
-    in.readString();                                  // 17
-    file.replicatesFlag = in.readInteger16();         // 18
-    in.readInteger16();                               // 19
-    in.readInteger16();                               // 20
-    in.readString();                                  // 21
-    in.readString();                                  // 22
+    file.dataType = ListIndex(in.readInteger16(), 3, "input data type");  // 1
+    file.unit1 = in.readString();                                         // 2
+    in.readInteger16();                                                   // 3
+    file.unit2 = in.readString();                                         // 4
+    file.factorSelector = in.readInteger16();                             // 5
+    in.readDouble();                                                      // 6
+    in.readString();                                                      // 7, a field of any kind
+    const std::int16_t lastRow = in.readInteger16();                      // 8
+    const std::int16_t lastCol = in.readInteger16();                      // 9
+    in.readString();                                                      // 10
+    file.customFactor = in.readString();                                  // 11
+    file.customAbbreviation = in.readString();                            // 12
+    file.customUnits = in.readString();                                   // 13
+    file.controlFlag = CheckValue(in.readInteger16(), "control flag");    // 14
+    file.alpha = in.readString();                                         // 15
+    if (!IsAlphaText(file.alpha))
+        throw FileFormatError(QuoteField(file.alpha) + " is not a value of the probability of T");
+    in.readString();                                                          // 16
+    in.readString();                                                          // 17
+    file.replicatesFlag = CheckValue(in.readInteger16(), "replicates flag");  // 18
+    in.readInteger16();                                                       // 19
+    in.readInteger16();                                                       // 20
+    in.readString();                                                          // 21
+    in.readString();                                                          // 22
 
     file.GridOldV = ReadCells(in, lastRow + 1, lastCol + 1, "first old table");
     const std::int16_t lastRow2 = in.readInteger16();
@@ -154,6 +174,16 @@ OlderLineFile ReadOlderLayout(FieldReader& in) {
     file.GridOldVt = ReadCells(in, lastRow2 + 1, lastCol2 + 1, "second old table");
     file.notes = ReadNotesRecord(in);
     return file;
+}
+
+}  // namespace
+
+OlderLineFile ReadOlderLayout(FieldReader& in) {
+    try {
+        return ReadOlderFields(in);
+    } catch (const FileFormatError& e) {
+        throw FileFormatError(std::string(e.what()) + " (" + in.lastFieldPosition() + ")");
+    }
 }
 
 }  // namespace morvane

@@ -54,6 +54,11 @@ struct TableSize {
 };
 TableSize ReadSizeRecord(FieldReader& in);
 
+// A size record that the rest of the file can fill: at least the heading and the empty
+// last row and one column, and no more cells than bytes are left, since each cell
+// takes at least one. Throws FileFormatError.
+void CheckTableSize(const TableSize& size, const FieldReader& in);
+
 // The four notes.
 NotesSheet ReadNotesRecord(FieldReader& in);
 
@@ -76,8 +81,9 @@ struct OlderLineFile {
     NotesSheet notes;
 };
 
-// Reads a whole file of the older layout from its first record on. Throws
-// FileFormatError.
+// Reads a whole file of the older layout from its first record on, with the values
+// that no option control could take refused where they stand. Throws FileFormatError,
+// naming the line and field where the reading stopped.
 OlderLineFile ReadOlderLayout(FieldReader& in);
 
 }  // namespace morvane

@@ -5,6 +5,7 @@
 
 #include "document/FileBytes.h"
 #include "document/LineDocument.h"
+#include "document/LineFileChecks.h"
 
 namespace morvane {
 namespace {
@@ -28,12 +29,7 @@ void LineDocument::ReadTableIntoGrid1(FieldReader& in) {
     const TableSize size = ReadSizeRecord(in);
     // The heading and the empty last row are counted; the columns are those of the
     // file, whatever the options say.
-    if (size.rows < 2 || size.cols < 1)
-        throw FileFormatError("the table's size, " + std::to_string(size.rows) + " rows of " +
-                              std::to_string(size.cols) + " columns, is not a table's");
-    const long long cells = static_cast<long long>(size.rows - 2) * size.cols;
-    if (cells > static_cast<long long>(in.remaining()))
-        throw FileFormatError("the file ends before the end of the table");
+    CheckTableSize(size, in);
     settleGrid1();
     TextTable& grid = form_.Grid1;
     grid.setCols(size.cols);
@@ -64,7 +60,8 @@ void LineDocument::paintControlRows() {
 bool LineDocument::OpenLineFile(const std::string& path) {
     ResetLine();
     try {
-        const std::string bytes = ReadFileBytes(path);
+        const std::string bytes = ReadLineFileBytes(path);
+        CheckCurrentLayout(bytes, options_, shared_);  // nothing of a bad file gets in
         FieldReader in(bytes);
         if (ReadVersionRecord(in) == 1) {
             notify();
@@ -90,7 +87,7 @@ bool LineDocument::OpenLineFile(const std::string& path) {
         return true;
     } catch (const std::exception& e) {
         notify();
-        port_.tell(kOpeningError + std::string(e.what()));
+        port_.tell(kOpeningError + ShortErrorText(e.what()));
         ResetLine();
         notify();
         return false;
@@ -124,7 +121,7 @@ void LineDocument::ApplyOlderFile(const OlderLineFile& file) {
 }
 
 void LineDocument::readOlderInto(const std::string& path, bool secondTableAccepted) {
-    const std::string bytes = ReadFileBytes(path);
+    const std::string bytes = ReadLineFileBytes(path);
     FieldReader in(bytes);
     ApplyOlderFile(ReadOlderLayout(in));
     // The first table holds treatments (and the doses named "control"): whatever the
@@ -142,6 +139,7 @@ void LineDocument::readOlderInto(const std::string& path, bool secondTableAccept
 }
 
 bool LineDocument::ReadOlderFile(const std::string& path) {
+    const FileOptions optionsBefore = options_;  // a file that fails leaves none of its own
     try {
         readOlderInto(path, true);
         form_.FileTitle = ShortFileName(path);
@@ -158,23 +156,24 @@ bool LineDocument::ReadOlderFile(const std::string& path) {
         return true;
     } catch (const std::exception& e) {
         ResetLine();
+        options_ = optionsBefore;
         notify();
-        port_.tell(kOpeningError + std::string(e.what()));
+        port_.tell(kOpeningError + ShortErrorText(e.what()));
         return false;
     }
 }
 
 bool LineDocument::OpenLineForBatch(const std::string& path) {
     auto fail = [this](const std::exception& e) {
-        shared_.BatchMessage =
-            "An error occurred while opening " + shared_.BatchName + "\n" + e.what();
+        shared_.BatchMessage = "An error occurred while opening " + shared_.BatchName + "\n" +
+                               ShortErrorText(e.what());
         shared_.BatchFailed = 1;
         return false;
     };
     TextMsg("1");
     std::int16_t mark = 0;
     try {
-        const std::string bytes = ReadFileBytes(path);
+        const std::string bytes = ReadLineFileBytes(path);
         FieldReader in(bytes);
         mark = ReadVersionRecord(in);
         if (mark != 1) {

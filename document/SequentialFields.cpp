@@ -19,16 +19,38 @@ std::int32_t WholeNumber(const std::string& field, std::int32_t least, std::int3
         return 0;
     const std::optional<double> value = ParseNumber(field);
     if (!value)
-        throw FileFormatError("\"" + field + "\" is not a number");
+        throw FileFormatError(QuoteField(field) + " is not a number");
     const std::optional<std::int32_t> whole = RoundHalfEven32(*value);
-    if (!whole || *whole < least || *whole > most)
-        throw FileFormatError("the number " + field + " is too large for its field");
+    if (!whole || *whole < least || *whole > most) {
+        const std::string quoted = QuoteField(field);
+        throw FileFormatError("the number " + quoted.substr(1, quoted.size() - 2) +
+                              " is too large for its field");
+    }
     return *whole;
 }
 
 }  // namespace
 
+std::string QuoteField(std::string_view text) {
+    constexpr std::size_t kMost = 60;
+    std::string out = "\"";
+    for (std::size_t i = 0; i < text.size() && i < kMost; ++i) {
+        const unsigned char c = static_cast<unsigned char>(text[i]);
+        out += c >= 0x20 && c < 0x7F ? static_cast<char>(c) : '?';
+    }
+    if (text.size() > kMost)
+        out += "...";
+    out += '"';
+    return out;
+}
+
+std::string FieldReader::lastFieldPosition() const {
+    return "line " + std::to_string(lastLine_) + ", field " + std::to_string(lastField_);
+}
+
 std::string FieldReader::readString() {
+    lastLine_ = line_;
+    lastField_ = field_;
     while (pos_ < bytes_.size() && IsBlank(bytes_[pos_]))
         ++pos_;
     if (pos_ >= bytes_.size())
@@ -59,6 +81,12 @@ std::string FieldReader::readString() {
         const char c = bytes_[pos_++];
         if (c == '\r' && pos_ < bytes_.size() && bytes_[pos_] == '\n')
             ++pos_;
+        if (c == ',') {
+            ++field_;
+        } else {
+            ++line_;
+            field_ = 1;
+        }
     }
     return text;
 }
@@ -80,7 +108,7 @@ double FieldReader::readDouble() {
         return 0;
     const std::optional<double> value = ParseNumber(field);
     if (!value)
-        throw FileFormatError("\"" + field + "\" is not a number");
+        throw FileFormatError(QuoteField(field) + " is not a number");
     return *value;
 }
 

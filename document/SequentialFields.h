@@ -44,6 +44,10 @@ class FieldReader {
     // The next field as a double; an empty field reads as 0.
     double readDouble();
 
+    // Where the last field read stands, for messages: "line 3, field 2". Lines are
+    // counted by the line ends that end fields, fields from 1 within a line.
+    std::string lastFieldPosition() const;
+
     // True when no field is left.
     bool atEnd() const { return pos_ >= bytes_.size(); }
     // Bytes not yet read: a field takes at least one, so no more fields than this can
@@ -53,7 +57,14 @@ class FieldReader {
   private:
     std::string_view bytes_;
     std::size_t pos_ = 0;
+    int line_ = 1, field_ = 1;          // of the next field
+    int lastLine_ = 1, lastField_ = 1;  // of the field read last
 };
+
+// A field's text as a message quotes it: between double quotes, cut to its first 60
+// characters with "..." behind, and every byte that is no printable ASCII character
+// shown as "?", so that a message never carries a file's raw bytes.
+std::string QuoteField(std::string_view text);
 
 // Builds the text of a file field by field.
 class FieldWriter {

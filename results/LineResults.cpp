@@ -4,10 +4,20 @@
 #include <string>
 
 #include "core/DoseEstimates.h"
+#include "core/Fault.h"
 #include "core/NumberText.h"
 
 namespace morvane {
 namespace {
+
+// An estimate or limit whose power of ten overflowed would be shown as 0 or as a log
+// value: the calculation stops instead, as at any arithmetic fault.
+void RefuseOverflowedEstimate(const SharedRegisters& shared, const std::string& percent) {
+    if (EstimateOverflowed(shared))
+        throw Fault("the " + shared.EstimateWord + percent +
+                    " or its limits are larger than any number can be (an overflow): the line "
+                    "is too flat to give them as doses");
+}
 
 // Alignments as the grid numbers them.
 constexpr Alignment kLeftCentre = 1;
@@ -123,6 +133,7 @@ void LineResults::FormatEstimateTables() {
     for (int r = 2; r < 8; ++r) {
         shared_.WorkValue = NumberOf(grid.text(r, 0));
         EstimateAtPercent(shared_);
+        RefuseOverflowedEstimate(shared_, grid.text(r, 0));
         grid.setText(r, 2, PlainText(shared_.WorkValue));
         // A limit of 0 is a limit that was not computed: the cell stays empty.
         grid.setText(r, 3, shared_.LowerLimit == 0 ? "" : PlainText(shared_.LowerLimit));
@@ -152,6 +163,7 @@ void LineResults::FormatEstimateTables() {
 
     shared_.WorkValue = 1;
     EstimateAtPercent(shared_);
+    RefuseOverflowedEstimate(shared_, "1");
     shared_.Dose1Percent = shared_.WorkValue;
 }
 

@@ -158,6 +158,10 @@ void ResultQueries::Command3() {
             return;
         }
         EstimateAtPercent(shared_);
+        // Not 0 nor a log value in the place of a dose too large to write.
+        if (EstimateOverflowed(shared_))
+            throw Fault("the " + shared_.EstimateWord + panels_.Text3 +
+                        " or its limits are larger than any number can be (an overflow)");
         setLabel5(PlainText(shared_.WorkValue));
         panels_.Label6 = PlainText(shared_.WorkValue) + " " + shared_.UnitWord;
         if (shared_.UpperLimit + shared_.LowerLimit != 0) {

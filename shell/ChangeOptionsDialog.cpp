@@ -6,6 +6,7 @@
 
 #include "document/FileOptions.h"
 #include "shell/Program.h"
+#include "shell/QuoteGuard.h"
 #include "shell/Twips.h"
 
 namespace morvane {
@@ -31,6 +32,9 @@ ChangeOptionsDialog::ChangeOptionsDialog(Program& program, QWidget* parent)
     text5_ = new QLineEdit(this);
     combo7_ = EditableCombo(this, {kAlphaTexts[0], kAlphaTexts[1], kAlphaTexts[2]});
     combo7_->setToolTip("Probability of T value");
+    for (QComboBox* box : {combo5_, combo6_, combo7_})
+        RefuseQuotes(box, program_.port());
+    RefuseQuotes(text5_, program_.port());
     auto* form = new QFormLayout;
     form->addRow("Factor type:", combo5_);
     form->addRow("Abbreviation :", combo6_);

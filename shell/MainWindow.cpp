@@ -6,6 +6,7 @@
 #include <QStyle>
 
 #include "shell/Program.h"
+#include "shell/QuoteGuard.h"
 #include "shell/Twips.h"
 
 namespace morvane {
@@ -102,6 +103,7 @@ MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
     commandEdit_->setToolTip("Move the selected row back to the input cells");
     commandDel_->setToolTip("Delete the selected row");
     textName_ = new QLineEdit(panel);
+    RefuseQuotes(textName_, program_.port());
 
     picture1_ = new QWidget(panel);
     grid1_ = new TextTableView(picture1_);

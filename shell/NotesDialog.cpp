@@ -3,6 +3,7 @@
 #include <QResizeEvent>
 
 #include "shell/Program.h"
+#include "shell/QuoteGuard.h"
 #include "shell/Twips.h"
 
 namespace morvane {
@@ -29,6 +30,9 @@ NotesDialog::NotesDialog(Program& program, QWidget* parent) : QDialog(parent), p
     text3_ = new QLineEdit(this);
     text4_ = new QPlainTextEdit(this);
     text5_ = new FilteredLineEdit(this);
+    for (QLineEdit* box : {text1_, text2_, text3_})
+        RefuseQuotes(box, program_.port());
+    RefuseQuotes(text4_, program_.port());
     text5_->setKeyFilter([](char key) { return InfForm::Text5KeyAllowed(key); });
     text5_->setToolTip("Days before today");
     shortcut_ = new QPushButton("OK >>", this);

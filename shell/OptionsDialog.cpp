@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "shell/Program.h"
+#include "shell/QuoteGuard.h"
 #include "shell/Twips.h"
 
 namespace morvane {
@@ -79,6 +80,9 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     for (const char* ab : kAbbreviations)
         combo6_->addItem(ab);
     text5_ = new QLineEdit(custom);
+    for (QComboBox* box : {comboUnit1_, comboUnit2_, combo5_, combo6_})
+        RefuseQuotes(box, program_.port());
+    RefuseQuotes(text5_, program_.port());
     check3_ = new QCheckBox("Control associates each treatment", custom);
     c->addWidget(new QLabel("Factor type:", custom), 0, 0);
     c->addWidget(combo5_, 0, 1);
@@ -100,6 +104,7 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     d->addWidget(check2_);
 
     combo7_ = EditableCombo(this);
+    RefuseQuotes(combo7_, program_.port());
     for (const char* alpha : kAlphaTexts)
         combo7_->addItem(alpha);
     combo7_->setToolTip("Probability of T value");

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 
@@ -16,6 +17,9 @@
 #include "shell/QtUserPort.h"
 
 int main(int argc, char** argv) {
+    // A save past the file-size limit of the process must fail with a message and keep
+    // the document, not end the program by the signal.
+    std::signal(SIGXFSZ, SIG_IGN);
     QElapsedTimer sinceStart;
     sinceStart.start();
     QApplication app(argc, argv);

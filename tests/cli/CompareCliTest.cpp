@@ -203,6 +203,15 @@ TEST_F(CompareCliTest, AFileThatCantBeOpenedInTheMiddleEndsTheComparison) {
               "An error occurred while opening missing\nNo such file or directory\n", 1);
 }
 
+TEST_F(CompareCliTest, AFolderIsNamedAsAFolder) {
+    writeStandardLines();
+    std::filesystem::create_directory(folder.path() / "2024");
+    expectRun({"susceptible.mrv", "2024"}, "",
+              "compare: \"2024\" is a folder; compare wants line files. Name the files, for "
+              "example \"2024/*.mrv\".\n",
+              2);
+}
+
 TEST_F(CompareCliTest, DataThatCantBeCalculatedEndTheComparison) {
     writeStandardLines();
     writeLine("two doses.mrv", {{1, 50, 10}, {2, 50, 30}});

@@ -626,13 +626,16 @@ TEST_F(ReportCommandTest, MissingFileIsAnOpeningError) {
 TEST_F(ReportCommandTest, FileThatIsNoLineFileIsAnOpeningError) {
     WriteBytes(folder.path() / "notes.mrv", "hello\r\n");
     expectRun({"report", "notes.mrv"}, "",
-              "An error occurred while opening this file.\n\"hello\" is not a number\n", 2);
+              "An error occurred while opening this file.\n\"hello\" is not a number (line 1, "
+              "field 1)\n",
+              2);
 }
 
 TEST_F(ReportCommandTest, FileThatEndsEarlyIsAnOpeningError) {
     WriteBytes(folder.path() / "short.mrv", "2,\"\",\"\",\"\",\"\",\"\"\r\n");
     expectRun({"report", "short.mrv"}, "",
-              "An error occurred while opening this file.\nthe file ends before its last field\n",
+              "An error occurred while opening this file.\nthe file ends before its last field "
+              "(line 2, field 1)\n",
               2);
 }
 

@@ -56,6 +56,10 @@ class FuzzReaderTest : public DocumentTest {
                 port.messages.back().text.rfind("An error occurred while opening this file.\n", 0),
                 0u)
                 << port.messages.back().text;
+            // The message never carries the file's raw bytes, nor more than a short quote.
+            for (const char c : port.messages.back().text)
+                EXPECT_TRUE((c >= 0x20 && c < 0x7F) || c == '\n') << port.messages.back().text;
+            EXPECT_LE(port.messages.back().text.size(), 240u) << port.messages.back().text;
             EXPECT_EQ(form.Caption, "Morvane");
             EXPECT_EQ(form.FilePath, "");
             EXPECT_EQ(doc.Grid1().rows(), 2);
@@ -184,7 +188,8 @@ TEST_F(FuzzReaderTest, SizesThatNoFileCouldFill) {
     Check(head + "32767,32767\r\n\"a\",", "a huge table");
     EXPECT_EQ(
         port.messages.back().text,
-        "An error occurred while opening this file.\nthe file ends before the end of the table");
+        "An error occurred while opening this file.\nthe file ends before the end of the table "
+        "(line 3, field 2)");
     Check(head + "-5,7\r\n", "a negative row count");
     Check(head + "1,7\r\n\"\",\"\",\"\",\"\"\r\n", "no room for the empty row");
     Check(head + "2,0\r\n\"\",\"\",\"\",\"\"\r\n", "no columns");
