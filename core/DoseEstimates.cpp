@@ -79,21 +79,26 @@ void EstimateAtPercent(SharedRegisters& shared) {
         FiducialLimits(shared);
 }
 
-void FiducialLimits(SharedRegisters& shared) {
-    const FitResult& fit = shared.fit;
-    const double m = shared.LogEstimate;
+LogLimits FiellerLogLimits(const FitResult& fit, double logEstimate) {
+    const double m = logEstimate;
     const double g = fit.GValue;
     const double b = fit.Slope;
     const double distance = m - fit.MeanLogDose;
-    // The factor h stands on the second term only.
-    const double s = std::sqrt(distance * distance / fit.SumSquaresLogDose +
-                               ((1 - g) / fit.SumWeights) * fit.HeterogeneityFactor);
-    const double e = (fit.TValue / ((1 - g) * b)) * s;
+    const double square = distance * distance / fit.SumSquaresLogDose +
+                          ((1 - g) / fit.SumWeights) * fit.HeterogeneityFactor;
+    const double e = (fit.TValue / ((1 - g) * b)) * std::sqrt(square);
     const double c = (g / (1 - g)) * distance + m;
-    shared.UpperLimit = c + e;
-    shared.LowerLimit = c - e;
+    LogLimits limits{c - e, c + e, square < 0};
     if (b < 0)
-        std::swap(shared.UpperLimit, shared.LowerLimit);
+        std::swap(limits.upper, limits.lower);
+    return limits;
+}
+
+void FiducialLimits(SharedRegisters& shared) {
+    const FitResult& fit = shared.fit;
+    const LogLimits limits = FiellerLogLimits(fit, shared.LogEstimate);
+    shared.UpperLimit = limits.upper;
+    shared.LowerLimit = limits.lower;
     // An overflowing power ends the routine where it stands, as an error inside the
     // estimate would: the limits keep what they hold at that point.
     double upper = 0, lower = 0;

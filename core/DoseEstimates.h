@@ -12,19 +12,23 @@
 
 namespace morvane {
 
-// One value with its limits as the tables show it; limits of 0 mean none.
-struct DoseEstimate {
-    double percent = 0;
-    double value = 0;
-    double lower = 0;
-    double upper = 0;
-};
-
 // WorkValue: a percent in, the dose out (rounded to four decimals, in the user's
 // units). Sets LogEstimate and, when g is below 0.4, the limits; otherwise the
 // limits are 0. An estimate whose power of ten overflows gives 0 and leaves the
 // limits as they were.
 void EstimateAtPercent(SharedRegisters& shared);
+
+// Fieller's limits on the log10 scale of the scaled dose for the log estimate m:
+// c +/- e with c = m + g / (1 - g) * (m - MeanLogDose) and
+// e = t / ((1 - g) b) * sqrt((m - MeanLogDose)^2 / Sxx + (1 - g) / SumWeights * h),
+// the factor h on the second term only; swapped for a negative slope. Plain arithmetic: a square
+// below 0 gives limits that are no number and sets negativeSquare.
+struct LogLimits {
+    double lower = 0;
+    double upper = 0;
+    bool negativeSquare = false;
+};
+LogLimits FiellerLogLimits(const FitResult& fit, double logEstimate);
 
 // Limits for the log estimate in LogEstimate, into UpperLimit and LowerLimit,
 // rounded to four decimals in the user's units.

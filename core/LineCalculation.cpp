@@ -120,13 +120,13 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
 
     fit.DoseScale = 1;
     const int c = input.controlPerTreatment ? 0 : 1;
-    results.Grid1.setCols(7);
+    results.Grid1.setCols(datacol::Count);
     results.Grid1.setRows(grid2.rows() - c);
     const int n = results.Grid1.rows() - 1;
-    if (results.Grid22.rows() < 6)
-        results.Grid22.setRows(6);
-    if (results.Grid22.cols() < 3)
-        results.Grid22.setCols(3);
+    if (results.Grid22.rows() < statrow::Count)
+        results.Grid22.setRows(statrow::Count);
+    if (results.Grid22.cols() < statcol::Count)
+        results.Grid22.setCols(statcol::Count);
 
     fit.DoseScale = ScaleForSmallestDose(grid2.text(c + 1, 0));
 
@@ -134,15 +134,15 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
     for (int i = c + 1; i < grid2.rows(); ++i) {
         const int k = i - c;
         const std::string& dose = grid2.text(i, 0);
-        results.Grid1.setText(k, 0, dose);
+        results.Grid1.setText(k, datacol::Dose, dose);
         const double x = NumberOf(dose) * fit.DoseScale;
-        results.Grid1.setText(k, 1, PlainText(x));
+        results.Grid1.setText(k, datacol::ScaledDose, PlainText(x));
         if (!(x > 0))
             throw Fault("the dose " + dose + " has no logarithm");
         const double logDose = Log10(x);
-        results.Grid1.setText(k, 2, FormatNumber(logDose, "0.0000"));
-        results.Grid1.setText(k, 3, grid2.text(i, 1));
-        results.Grid1.setText(k, 4, grid2.text(i, lastColumn));
+        results.Grid1.setText(k, datacol::LogDose, FormatNumber(logDose, "0.0000"));
+        results.Grid1.setText(k, datacol::Treated, grid2.text(i, 1));
+        results.Grid1.setText(k, datacol::Observed, grid2.text(i, lastColumn));
         const double probitValue = NumberOf(probit.PercentToProbit(grid2.text(i, lastColumn)));
         sums.Sx += logDose;
         sums.Sy += probitValue;

@@ -98,7 +98,7 @@ void LogProbitChart::SetXAxis() {
     const FitResult& fit = shared_.fit;
     cycleShift_ = 0;
     // The decade of the first dose.
-    firstLogFloor_ = ChartFloor(NumberOf(grid1_.text(1, 2)));
+    firstLogFloor_ = ChartFloor(NumberOf(grid1_.text(1, datacol::LogDose)));
     if (adjustRange_) {
         // The lower end of the line: the smaller percent on a rising line, the
         // larger on a falling one.
@@ -198,17 +198,18 @@ bool LogProbitChart::RedrawChart() {
 
         grid3_.setRows(grid1_.rows());
         for (int r = 1; r < grid1_.rows(); ++r) {
-            const double x = (NumberOf(grid1_.text(r, 2)) - logOrigin_) * cycleWidth_;
-            const double y = ChartY(NumberOf(grid1_.text(r, 6)), plotHeight_);
-            grid3_.setText(r, 0, PlainText(x));
-            grid3_.setText(r, 1, PlainText(y));
+            const double x =
+                (NumberOf(grid1_.text(r, datacol::LogDose)) - logOrigin_) * cycleWidth_;
+            const double y = ChartY(NumberOf(grid1_.text(r, datacol::LinearProbit)), plotHeight_);
+            grid3_.setText(r, pointcol::X, PlainText(x));
+            grid3_.setText(r, pointcol::Y, PlainText(y));
         }
         if (adjustRange_) {
             const std::string* ends[] = {&lowPercent_, &highPercent_};
             for (int row = 1; row <= 2; ++row) {
                 const double p = probitOf(*ends[row - 1]);
-                grid4_.setText(row, 0, PlainText(xOfLogDose(LineLogDose(p, fit))));
-                grid4_.setText(row, 1, PlainText(ChartY(p, plotHeight_)));
+                grid4_.setText(row, pointcol::X, PlainText(xOfLogDose(LineLogDose(p, fit))));
+                grid4_.setText(row, pointcol::Y, PlainText(ChartY(p, plotHeight_)));
             }
         }
         DrawPlot();
@@ -226,16 +227,16 @@ void LogProbitChart::DrawPlot() {
     const TextTable& source = adjustRange_ ? grid4_ : grid3_;
     std::vector<std::array<double, 2>> linePoints(static_cast<std::size_t>(source.rows()));
     for (int r = 1; r < source.rows(); ++r) {
-        for (int c = 0; c <= 1; ++c) {
+        for (int c = pointcol::X; c <= pointcol::Y; ++c) {
             const std::string& cell = source.text(r, c);
             if (cell.empty())
                 continue;
             auto& point = linePoints[static_cast<std::size_t>(r)];
             point[static_cast<std::size_t>(c)] = NumberOf(cell);
-            if (c == 1 && r > 1) {
+            if (c == pointcol::Y && r > 1) {
                 const auto& previous = linePoints[static_cast<std::size_t>(r - 1)];
-                drawing_.line(previous[0], plotHeight_ - previous[1], point[0],
-                              plotHeight_ - point[1], kBlack);
+                drawing_.line(previous[pointcol::X], plotHeight_ - previous[pointcol::Y],
+                              point[pointcol::X], plotHeight_ - point[pointcol::Y], kBlack);
             }
         }
     }
@@ -247,15 +248,16 @@ void LogProbitChart::DrawPlot() {
 void LogProbitChart::DrawPoints() {
     grid5_.setRows(grid1_.rows());
     for (int r = 1; r < grid1_.rows(); ++r) {
-        const double x = (NumberOf(grid1_.text(r, 2)) - logOrigin_ + cycleShift_) * cycleWidth_;
-        const double y = ChartY(probitOf(grid1_.text(r, 4)), plotHeight_);
-        grid5_.setText(r, 0, PlainText(x));
-        grid5_.setText(r, 1, PlainText(y));
+        const double logDose = NumberOf(grid1_.text(r, datacol::LogDose));
+        const double x = (logDose - logOrigin_ + cycleShift_) * cycleWidth_;
+        const double y = ChartY(probitOf(grid1_.text(r, datacol::Observed)), plotHeight_);
+        grid5_.setText(r, pointcol::X, PlainText(x));
+        grid5_.setText(r, pointcol::Y, PlainText(y));
     }
     drawing_.setPenWidth(3);
     for (int r = 1; r < grid5_.rows(); ++r) {
-        drawing_.point(NumberOf(grid5_.text(r, 0)), plotHeight_ - NumberOf(grid5_.text(r, 1)),
-                       kBlack);
+        drawing_.point(NumberOf(grid5_.text(r, pointcol::X)),
+                       plotHeight_ - NumberOf(grid5_.text(r, pointcol::Y)), kBlack);
     }
     drawing_.setPenWidth(1);
 }

@@ -5,7 +5,7 @@
 // chosen response levels to the dose axis.
 //
 // This is the chart as logic. It reads the cell texts of the results data table
-// (log dose in column 2, observed percent in column 4, line probit in column 6) and
+// (the log dose, the observed percent and the linear probit of each row) and
 // the fitted line in the shared registers, and leaves
 //   - the drawing of the plot area (Picture1) as a list of operations in twips,
 //     origin top left, y downward; the plot keeps its own y upward and turns it over
@@ -24,11 +24,20 @@
 #include <vector>
 
 #include "core/Drawing.h"
+#include "core/ResultsTables.h"
 #include "core/SharedRegisters.h"
 #include "core/TextTable.h"
 #include "core/UserPort.h"
 
 namespace morvane {
+
+// Columns of the hidden coordinate tables Grid3, Grid4 and Grid5: a point a row from
+// row 1, in twips from the plot's bottom left corner, y upward.
+namespace pointcol {
+inline constexpr int X = 0;
+inline constexpr int Y = 1;
+inline constexpr int Count = 2;
+}  // namespace pointcol
 
 // A label of the chart: caption, place and design size in twips inside its strip.
 // The caption stands centred in the label's width.
@@ -140,8 +149,6 @@ class LogProbitChart {
     bool deleteMarkEnabled() const { return deleteMarkEnabled_; }  // Command8
 
     // The scale of the last drawing.
-    double PlotHeight() const { return plotHeight_; }
-    double PlotWidth() const { return plotWidth_; }
     double CycleWidth() const { return cycleWidth_; }
     double CycleShift() const { return cycleShift_; }
     double LogOrigin() const { return logOrigin_; }
@@ -207,9 +214,9 @@ class LogProbitChart {
     ChartLabel label11_;
     std::array<ChartLabel, kPercentLabels> label12_;
     std::array<ChartLabel, kProbitLabels> label13_;
-    TextTable grid3_{0, 2};
-    TextTable grid4_{3, 2};
-    TextTable grid5_{0, 2};
+    TextTable grid3_{0, pointcol::Count};
+    TextTable grid4_{3, pointcol::Count};
+    TextTable grid5_{0, pointcol::Count};
 };
 
 }  // namespace morvane

@@ -25,7 +25,7 @@
 
 namespace morvane {
 
-// The name of the picture in the chi-square cell of Grid22 (row 1, column 0): the
+// The name of the picture in the name cell of Grid22's chi-square row: the
 // chi-square symbol. The shell shows its image there; the text export writes "Chi".
 inline constexpr const char* kChiSquarePicture = "ChiSquareSymbol";
 

@@ -236,30 +236,15 @@ TEST(FormatRules, FormatFourLevelsBySize) {
 // --- Statistics of the fit -------------------------------------------------------
 
 TEST(ChiSquareProbability, ZeroAndHugeChiSquareGiveOne) {
-    SharedRegisters s;
-    s.fit.DegreesOfFreedom = 3;
-    s.WorkValue = 0;
-    ChiSquareProbability(s);
-    EXPECT_EQ(s.WorkValue, 1);
-    s.fit.DegreesOfFreedom = 4;
-    s.WorkValue = 0;
-    ChiSquareProbability(s);
-    EXPECT_EQ(s.WorkValue, 1);
-    s.WorkValue = 1500;
-    ChiSquareProbability(s);
-    EXPECT_EQ(s.WorkValue, 1);
+    EXPECT_EQ(ChiSquareProbability(0, 3), 1);
+    EXPECT_EQ(ChiSquareProbability(0, 4), 1);
+    EXPECT_EQ(ChiSquareProbability(1500, 4), 1);
 }
 
 TEST(ChiSquareProbability, KnownUpperTails) {
-    SharedRegisters s;
-    s.fit.DegreesOfFreedom = 1;
-    s.WorkValue = 3.841458820694124;  // the 5% point of one degree of freedom
-    ChiSquareProbability(s);
-    EXPECT_EQ(FormatNumber(s.WorkValue, "0.0000"), "0.0500");
-    s.fit.DegreesOfFreedom = 2;
-    s.WorkValue = 2;  // exp(-1)
-    ChiSquareProbability(s);
-    EXPECT_EQ(FormatNumber(s.WorkValue, "0.000000"), "0.367879");
+    // 3.8414588... is the 5% point of one degree of freedom; 2 at two gives exp(-1).
+    EXPECT_EQ(FormatNumber(ChiSquareProbability(3.841458820694124, 1), "0.0000"), "0.0500");
+    EXPECT_EQ(FormatNumber(ChiSquareProbability(2, 2), "0.000000"), "0.367879");
 }
 
 // A results Grid22 and fit prepared for WriteStatistics with a chosen g.
