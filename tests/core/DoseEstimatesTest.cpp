@@ -268,14 +268,14 @@ struct Statistics {
 TEST(Statistics, GOfExactlyPointFourIsNeitherRedNorReported) {
     Statistics st(0.4);
     ASSERT_EQ(st.shared.fit.GValue, 0.4);
-    EXPECT_EQ(st.results.Grid22.text(4, 1), "0.4000");
-    EXPECT_FALSE(st.results.Grid22.fore(4, 1));
+    EXPECT_EQ(st.results.Grid22.text(statrow::G, statcol::Value), "0.4000");
+    EXPECT_FALSE(st.results.Grid22.fore(statrow::G, statcol::Value));
     EXPECT_EQ(st.results.Text8, "");
 }
 
 TEST(Statistics, GAbovePointFourIsRedWithTheNotice) {
     Statistics st(0.41);
-    EXPECT_EQ(st.results.Grid22.fore(4, 1), kRed);
+    EXPECT_EQ(st.results.Grid22.fore(statrow::G, statcol::Value), kRed);
     const std::string notice =
         "Upper and lower limits will be calculated only for the data of which g is less than "
         "0.4.   See help for more details.";
@@ -287,15 +287,16 @@ TEST(Statistics, HomogeneousLineUsesTheTOfInfinityAndShowsTheRatio) {
     Statistics st(0.1);
     EXPECT_EQ(st.shared.fit.TValue, 1.96);
     EXPECT_EQ(st.shared.fit.HeterogeneityFactor, 1);
-    EXPECT_EQ(st.results.Grid22.text(3, 1), FormatNumber(st.shared.fit.ChiSquare / 3, "0.0000"));
-    EXPECT_NE(st.results.Grid22.text(3, 1), "1.0000");
+    EXPECT_EQ(st.results.Grid22.text(statrow::H, statcol::Value),
+              FormatNumber(st.shared.fit.ChiSquare / 3, "0.0000"));
+    EXPECT_NE(st.results.Grid22.text(statrow::H, statcol::Value), "1.0000");
 }
 
 TEST(Statistics, HeterogeneousLineUsesTheTOfItsDegreesOfFreedom) {
     Statistics st(0.1, false);
     EXPECT_EQ(st.shared.fit.TValue, 3.182);  // t of 3 df at 0.05
     EXPECT_EQ(st.shared.fit.HeterogeneityFactor, st.shared.fit.ChiSquare / 3);
-    EXPECT_EQ(st.results.Grid22.fore(1, 1), kRed);
+    EXPECT_EQ(st.results.Grid22.fore(statrow::ChiSquare, statcol::Value), kRed);
 }
 
 TEST(Statistics, ChiSquareEqualToTheTabulatedValueIsRed) {
@@ -305,23 +306,23 @@ TEST(Statistics, ChiSquareEqualToTheTabulatedValueIsRed) {
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{7.8, 0};  // chi-square 7.8 at 3 df, the tabulated value
     WriteStatistics(results, 5, sums, 1, shared);
-    EXPECT_EQ(results.Grid22.text(1, 1), "7.8000");
-    EXPECT_EQ(results.Grid22.fore(1, 1), kRed);
-    EXPECT_EQ(results.Grid22.text(1, 2), "tabulated  7.8");
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Value), "7.8000");
+    EXPECT_EQ(results.Grid22.fore(statrow::ChiSquare, statcol::Value), kRed);
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  7.8");
 }
 
 TEST(Statistics, MoreThanThirtyDegreesOfFreedom) {
     SharedRegisters shared;
     ResultsTables results;
-    results.Grid22.setText(5, 2, "as it was");
+    results.Grid22.setText(statrow::R, statcol::Tabulated, "as it was");
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{20, 0};
     WriteStatistics(results, 35, sums, 0, shared);
     EXPECT_EQ(shared.fit.DegreesOfFreedom, 33);
-    EXPECT_EQ(results.Grid22.text(2, 1), "0");
-    EXPECT_EQ(results.Grid22.text(5, 2), "as it was");
-    EXPECT_EQ(results.Grid22.text(1, 2), "tabulated  43.8");
+    EXPECT_EQ(results.Grid22.text(statrow::P, statcol::Value), "0");
+    EXPECT_EQ(results.Grid22.text(statrow::R, statcol::Tabulated), "as it was");
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  43.8");
     EXPECT_EQ(shared.fit.TValue, 1.6448);
 }
 
@@ -334,10 +335,10 @@ TEST(Statistics, APOfOneHalfShowsPlainAndTheRatioWithFourDecimals) {
     // ln 2 = 0.6931. A chi-square of 1 at 2 df gives a ratio of one half.
     CycleSums sums{2 * 0.6931471805599453, 0};
     WriteStatistics(results, 4, sums, 1, shared);
-    EXPECT_EQ(results.Grid22.text(2, 1), "0.5");
+    EXPECT_EQ(results.Grid22.text(statrow::P, statcol::Value), "0.5");
     CycleSums half{1, 0};
     WriteStatistics(results, 4, half, 1, shared);
-    EXPECT_EQ(results.Grid22.text(3, 1), "0.5000");
+    EXPECT_EQ(results.Grid22.text(statrow::H, statcol::Value), "0.5000");
 }
 
 TEST(Statistics, ANegativeChiSquareIsNotCorrected) {
@@ -347,7 +348,7 @@ TEST(Statistics, ANegativeChiSquareIsNotCorrected) {
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{-0.00001, 0};
     WriteStatistics(results, 4, sums, 1, shared);  // 2 df: the series needs no root
-    EXPECT_EQ(results.Grid22.text(1, 1), "0.0000");
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Value), "0.0000");
     EXPECT_EQ(shared.fit.ChiSquare, -0.00001);
 }
 
@@ -357,13 +358,13 @@ TEST(Cycles, TotalsAreRoundedHalvesToEven) {
         shared.fit.Slope = 2;
         shared.fit.MeanLogDose = 1;
         shared.fit.MeanProbit = 5;
-        TextTable grid1(4, 7);
+        TextTable grid1(4, datacol::Count);
         const char* logs[] = {"0.5000", "1.0000", "1.5000"};
         const char* responses[] = {"20.000", "50.000", "80.000"};
         for (int k = 1; k <= 3; ++k) {
-            grid1.setText(k, 2, logs[k - 1]);
-            grid1.setText(k, 3, total);
-            grid1.setText(k, 4, responses[k - 1]);
+            grid1.setText(k, datacol::LogDose, logs[k - 1]);
+            grid1.setText(k, datacol::Treated, total);
+            grid1.setText(k, datacol::Observed, responses[k - 1]);
         }
         RunCycles(grid1, 3, shared);
         return shared.fit.SumWeights;
@@ -378,11 +379,11 @@ TEST(Cycles, AllExpectedProbitsOutsideTheTableIsReportedNotAnEnd) {
     shared.fit.Slope = 2;
     shared.fit.MeanLogDose = 1;
     shared.fit.MeanProbit = 20;  // every expected probit far above 8.9
-    TextTable grid1(4, 7);
+    TextTable grid1(4, datacol::Count);
     for (int k = 1; k <= 3; ++k) {
-        grid1.setText(k, 2, "1.0000");
-        grid1.setText(k, 3, "10");
-        grid1.setText(k, 4, "50.000");
+        grid1.setText(k, datacol::LogDose, "1.0000");
+        grid1.setText(k, datacol::Treated, "10");
+        grid1.setText(k, datacol::Observed, "50.000");
     }
     EXPECT_THROW(RunCycles(grid1, 3, shared), Fault);
 }
@@ -392,15 +393,15 @@ TEST(Cycles, AReverseSlopeMayGiveOutOfScaleExpectedResponses) {
     shared.fit.Slope = -4;
     shared.fit.MeanLogDose = 1;
     shared.fit.MeanProbit = 5;
-    TextTable grid1(4, 7);
+    TextTable grid1(4, datacol::Count);
     const char* logs[] = {"0.0000", "1.0000", "2.0000"};
     for (int k = 1; k <= 3; ++k)
-        grid1.setText(k, 2, logs[k - 1]);
+        grid1.setText(k, datacol::LogDose, logs[k - 1]);
     WriteExpectedValues(grid1, 3, shared);
-    EXPECT_EQ(grid1.text(1, 6), "9.0000");
-    EXPECT_EQ(grid1.text(1, 5), "out of scale");
-    EXPECT_EQ(grid1.text(2, 5), "50");
-    EXPECT_EQ(grid1.text(3, 5), "out of scale");
+    EXPECT_EQ(grid1.text(1, datacol::LinearProbit), "9.0000");
+    EXPECT_EQ(grid1.text(1, datacol::LinearResponse), "out of scale");
+    EXPECT_EQ(grid1.text(2, datacol::LinearResponse), "50");
+    EXPECT_EQ(grid1.text(3, datacol::LinearResponse), "out of scale");
 }
 
 }  // namespace

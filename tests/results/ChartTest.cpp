@@ -205,10 +205,10 @@ TEST_F(ChartTest, PercentAndProbitLabels) {
 
 TEST_F(ChartTest, ActualRangeJoinsTheRowsInTableOrder) {
     chart.RedrawChart();
-    EXPECT_EQ(chart.Grid3().text(1, 0), "0");
-    EXPECT_EQ(chart.Grid3().text(2, 0), "2000");
-    EXPECT_EQ(chart.Grid3().text(2, 1), "1500");
-    EXPECT_EQ(chart.Grid3().text(1, 1), PlainText(((3.0 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid3().text(1, pointcol::X), "0");
+    EXPECT_EQ(chart.Grid3().text(2, pointcol::X), "2000");
+    EXPECT_EQ(chart.Grid3().text(2, pointcol::Y), "1500");
+    EXPECT_EQ(chart.Grid3().text(1, pointcol::Y), PlainText(((3.0 - 2.67) / 4.66) * 3000));
     EXPECT_EQ(chart.drawing().dump(),
               "clear\n"
               "line 0 2788 2000 1500 w1\n"
@@ -221,9 +221,9 @@ TEST_F(ChartTest, AdjustedRangeDrawsOnlyBetweenTheTwoPercents) {
     // 20% is probit 4.1584 and 80% probit 5.8416 in the tables.
     const double low = (4.1584 - 5 + 2) / 2, high = (5.8416 - 5 + 2) / 2;
     EXPECT_DOUBLE_EQ(chart.CycleShift(), 0);
-    EXPECT_EQ(chart.Grid4().text(1, 0), PlainText(low * 2000));
-    EXPECT_EQ(chart.Grid4().text(2, 0), PlainText(high * 2000));
-    EXPECT_EQ(chart.Grid4().text(1, 1), PlainText(((4.1584 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid4().text(1, pointcol::X), PlainText(low * 2000));
+    EXPECT_EQ(chart.Grid4().text(2, pointcol::X), PlainText(high * 2000));
+    EXPECT_EQ(chart.Grid4().text(1, pointcol::Y), PlainText(((4.1584 - 2.67) / 4.66) * 3000));
     EXPECT_EQ(chart.drawing().dump(), "clear\nline 1158 2042 2842 958 w1\n");
     EXPECT_FALSE(chart.limitsOkEnabled());
 }
@@ -235,7 +235,7 @@ TEST_F(ChartTest, AdjustedRangeBelowTheFirstDecadeShiftsTheAxis) {
     EXPECT_EQ(chart.leftEndLabel().caption, "0.10");
     // LogOrigin = log10(0.1) + 1, so the decade -1 begins at x = 0.
     EXPECT_NEAR(chart.LogOrigin(), 0, 1e-12);
-    const double x = NumberOf(chart.Grid4().text(1, 0));
+    const double x = NumberOf(chart.Grid4().text(1, pointcol::X));
     EXPECT_NEAR(x, ((2.6737 - 5 + 2) / 2 + 1) * 2000, 1e-6);
 }
 
@@ -318,8 +318,8 @@ TEST_F(ChartTest, ObservedPointsAtTheObservedProbits) {
     chart.RedrawChart();
     chart.clickShowPoints(true);
     // 10% is probit 3.7184, 50% 5, 90% 6.2816.
-    EXPECT_EQ(chart.Grid5().text(2, 0), "2000");
-    EXPECT_EQ(chart.Grid5().text(2, 1), "1500");
+    EXPECT_EQ(chart.Grid5().text(2, pointcol::X), "2000");
+    EXPECT_EQ(chart.Grid5().text(2, pointcol::Y), "1500");
     EXPECT_EQ(chart.drawing().dump(),
               "clear\n"
               "line 0 2788 2000 1500 w1\n"
@@ -336,8 +336,8 @@ TEST_F(ChartTest, ObservedPercentOfZeroAndHundredTakeProbitsOneAndNine) {
     grid1.setText(3, 4, "100");
     chart.RedrawChart();
     chart.clickShowPoints(true);
-    EXPECT_EQ(chart.Grid5().text(1, 1), PlainText(((1 - 2.67) / 4.66) * 3000));
-    EXPECT_EQ(chart.Grid5().text(3, 1), PlainText(((9 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid5().text(1, pointcol::Y), PlainText(((1 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid5().text(3, pointcol::Y), PlainText(((9 - 2.67) / 4.66) * 3000));
 }
 
 TEST_F(ChartTest, MarkDropsFromItsLevelToTheDoseAxisWithItsEstimate) {
@@ -455,7 +455,7 @@ TEST_F(ChartTest, LineStartsAtTheDecadeOfTheFirstDose) {
     chart.RedrawChart();
     EXPECT_EQ(chart.leftEndLabel().caption, "0.10");
     EXPECT_NEAR(chart.LogOrigin(), -1, 1e-12);
-    EXPECT_NEAR(NumberOf(chart.Grid3().text(1, 0)), (-0.5229 + 1) * 2000, 1e-6);
+    EXPECT_NEAR(NumberOf(chart.Grid3().text(1, pointcol::X)), (-0.5229 + 1) * 2000, 1e-6);
 }
 
 TEST_F(ChartTest, EmptyTableLeavesAnEmptyPlot) {
