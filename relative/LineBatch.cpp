@@ -40,7 +40,7 @@ void CopyLineResults(Rtvin& rtvin, Rtvout& out, int row, SharedRegisters& shared
     const FitResult& fit = shared.fit;
 
     const std::string& estimate = EstimateText(NumberOf(rtvin.Text1.text), shared);
-    grid1.setText(row, 2, estimate);
+    grid1.setText(row, resultcol::Estimate, estimate);
     grid2.setText(row, grid2col::Estimate, estimate);
 
     // A line with g of 0.4 or more keeps both limit cells empty.
@@ -127,14 +127,14 @@ BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator
             out.Grid1.addRow();
             out.Grid2.addRow();
             const int row = out.Grid1.rows() - 2;
-            out.Grid1.setCurrent(row, 1);
-            out.Grid2.setCurrent(row, 1);
+            out.Grid1.setCurrent(row, resultcol::LineName);
+            out.Grid2.setCurrent(row, grid2col::Estimate);
 
             // Blank rows are not skipped: their empty path fails to open.
-            rtvin.Grid1.setCurrent(i, 1);
-            const std::string name = rtvin.Grid1.text(i, 1);
+            rtvin.Grid1.setCurrent(i, linecol::Name);
+            const std::string name = rtvin.Grid1.text(i, linecol::Name);
             shared.BatchName = name;
-            out.Grid1.setText(row, 1, name);
+            out.Grid1.setText(row, resultcol::LineName, name);
             if (hooks.progress) {
                 const double share = static_cast<double>(i) / lines * 100;
                 hooks.progress(BatchProgress{i, lines, name,
@@ -143,7 +143,7 @@ BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator
             }
 
             try {
-                calculator.OpenLineForBatch(rtvin.Grid1.text(i, 2), shared);
+                calculator.OpenLineForBatch(rtvin.Grid1.text(i, linecol::Path), shared);
                 if (shared.BatchFailed)
                     throw BatchStopped{};
                 calculator.CalculateFile(shared, port);
@@ -178,11 +178,13 @@ BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator
         try {
             SortLines(out);
             for (int row = 1; row < out.Grid1.rows(); ++row)
-                out.Grid1.setText(row, 2, PlainText(NumberOrZero(out.Grid1.text(row, 2))));
+                out.Grid1.setText(
+                    row, resultcol::Estimate,
+                    PlainText(NumberOrZero(out.Grid1.text(row, resultcol::Estimate))));
             BringToCommonScale(rtvin, out, shared);
             FindChartRange(out);
             for (int row = 1; row < out.Grid1.rows(); ++row)
-                out.Grid1.setText(row, 0, std::to_string(row));
+                out.Grid1.setText(row, resultcol::Number, std::to_string(row));
             // This order fixes the order of the texts in Label1.
             if (rtvin.Check1.checked)
                 MarkOverlaps(out);

@@ -59,18 +59,19 @@ class ResultsWindowTest : public QObject {
         QVERIFY(results->Command3()->isEnabled());
         Click(results->Command3());
         // The same estimate as the standard row of 50%.
-        const QString dose = results->Grid2()->cellText(3, 2);
+        const QString dose = results->Grid2()->cellText(3, estimatecol::Dose);
         QCOMPARE(results->Label6()->text(), dose + " mg");
-        QCOMPARE(results->Label19()->text(), results->Grid2()->cellText(3, 3));
-        QCOMPARE(results->Label20()->text(), results->Grid2()->cellText(3, 4));
+        QCOMPARE(results->Label19()->text(), results->Grid2()->cellText(3, estimatecol::Lower));
+        QCOMPARE(results->Label20()->text(), results->Grid2()->cellText(3, estimatecol::Upper));
         QVERIFY(!results->Command3()->isEnabled());
         QVERIFY(results->Command4()->isEnabled());
         const int before = estimateRows();
         Click(results->Command4());
         QCOMPARE(estimateRows(), before + 1);
-        QCOMPARE(results->Grid2()->cellText(before, 0), QString("50"));
-        QCOMPARE(results->Grid2()->cellText(before, 2), dose);
-        QCOMPARE(results->Grid2()->cellText(before, 3), results->Grid2()->cellText(3, 3));
+        QCOMPARE(results->Grid2()->cellText(before, estimatecol::Percent), QString("50"));
+        QCOMPARE(results->Grid2()->cellText(before, estimatecol::Dose), dose);
+        QCOMPARE(results->Grid2()->cellText(before, estimatecol::Lower),
+                 results->Grid2()->cellText(3, estimatecol::Lower));
         QVERIFY(!results->Command4()->isEnabled());
     }
 
@@ -85,9 +86,10 @@ class ResultsWindowTest : public QObject {
         const int before = estimateRows();
         Click(results->Command2());
         QCOMPARE(estimateRows(), before + 1);
-        QCOMPARE(results->Grid2()->cellText(before, 0), Text(FormatNumber(percent, "0.00")));
-        QCOMPARE(results->Grid2()->cellText(before, 2), QString("4"));
-        QVERIFY(!results->Grid2()->cellText(before, 3).isEmpty());
+        QCOMPARE(results->Grid2()->cellText(before, estimatecol::Percent),
+                 Text(FormatNumber(percent, "0.00")));
+        QCOMPARE(results->Grid2()->cellText(before, estimatecol::Dose), QString("4"));
+        QVERIFY(!results->Grid2()->cellText(before, estimatecol::Lower).isEmpty());
     }
 
     void queryOutOfScaleIsRefused() {
@@ -202,9 +204,9 @@ class ResultsWindowTest : public QObject {
     }
 
     void fittingColumnsAndCopying() {
-        results->Grid1()->setColumnWidth(3, 10);
+        results->Grid1()->setColumnWidth(datacol::Treated, 10);
         Click(results->Image1());
-        QVERIFY(results->Grid1()->columnWidth(3) > 30);
+        QVERIFY(results->Grid1()->columnWidth(datacol::Treated) > 30);
         Click(results->Command10());
         QCOMPARE(QApplication::clipboard()->text(), Text(results->results().ResultsText()));
         QVERIFY(QApplication::clipboard()->text().contains("Slope"));
