@@ -109,8 +109,16 @@ void LogProbitChart::SetXAxis() {
 
     const double leftEnd = fit.DoseScale > 1 ? (1.0 / fit.DoseScale) / PowerOfTen(cycleShift_)
                                              : PowerOfTen(firstLogFloor_ - cycleShift_);
-    // The labels are the format rule's text; a value of 0 would leave the text of
-    // the call before, as the rule does.
+    CaptionDoseLabels(leftEnd);
+    ChooseCycles();
+    PlaceDoseLabels(leftEnd);
+    PlaceYLabels();
+}
+
+// The dose at the left end and at each inner cycle boundary. The labels are the
+// format rule's text; a value of 0 would leave the text of the call before, as the
+// rule does.
+void LogProbitChart::CaptionDoseLabels(double leftEnd) {
     shared_.WorkValue = leftEnd;
     FormatFourLevels(shared_);
     label10_.caption = shared_.WorkText;
@@ -119,10 +127,13 @@ void LogProbitChart::SetXAxis() {
         FormatFourLevels(shared_);
         label8_[static_cast<std::size_t>(i)].caption = shared_.WorkText;
     }
+}
 
+// The number of decades across the plot: Auto's choice by the slope, or the user's.
+void LogProbitChart::ChooseCycles() {
     int n = 0;
     if (autoCycles_) {
-        n = AutoCycles(fit.Slope);
+        n = AutoCycles(shared_.fit.Slope);
         cyclesText_ = std::to_string(n);
     } else {
         const double chosen = NumberOf(cyclesText_);
@@ -132,7 +143,12 @@ void LogProbitChart::SetXAxis() {
     }
     cycles_ = n;
     cycleWidth_ = plotWidth_ / n;
+}
 
+// Ticks and dose labels at the inner cycle boundaries, the right end's label, and
+// the thinning of crowded labels.
+void LogProbitChart::PlaceDoseLabels(double leftEnd) {
+    const int n = cycles_;
     for (int i = 0; i < kDoseLabels; ++i) {
         label7_[static_cast<std::size_t>(i)].left = kParkedTickLeft;
         label8_[static_cast<std::size_t>(i)].left = kParkedDoseLeft;
@@ -162,8 +178,6 @@ void LogProbitChart::SetXAxis() {
     }
     label11_.left = plotWidth_ - label11_.width / 2 + kDoseStripOffset;
     label10_.left = kDoseStripOffset - label10_.width / 2;
-
-    PlaceYLabels();
 }
 
 void LogProbitChart::PlaceYLabels() {

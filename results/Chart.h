@@ -175,6 +175,11 @@ class LogProbitChart {
     const TextTable& Grid5() const { return grid5_; }
 
   private:
+    // The steps of SetXAxis.
+    void CaptionDoseLabels(double leftEnd);
+    void ChooseCycles();
+    void PlaceDoseLabels(double leftEnd);
+
     double probitOf(const std::string& percentText);
     double xOfLogDose(double logDose) const;
     void selectActualRangeAfterRefusal();
