@@ -13,17 +13,12 @@
 #include <cstdlib>
 
 #include "core/NumberText.h"
+#include "results/ResultsLayout.h"
 #include "shell/Program.h"
 #include "shell/Twips.h"
 
 namespace morvane {
 namespace {
-
-constexpr double kTabLeft = 60;
-constexpr double kTabTop = 60;
-constexpr double kGridLeft = 120;
-constexpr double kGrid1Top = 440;
-constexpr double kButtonHeight = 420;
 
 // The icon of Image1: two arrows apart, a column made to fit.
 QIcon FitColumnsIcon() {
@@ -124,9 +119,9 @@ ResultsWindow::~ResultsWindow() {
     delete tab1_;
 }
 
-void ResultsWindow::place(QWidget* widget, double left, double top, double width, double height) {
-    widget->setGeometry(PixelsX(*this, left), PixelsY(*this, top), PixelsX(*this, width),
-                        PixelsY(*this, height));
+void ResultsWindow::place(QWidget* widget, const LayoutRect& rect) {
+    widget->setGeometry(PixelsX(*this, rect.left), PixelsY(*this, rect.top),
+                        PixelsX(*this, rect.width), PixelsY(*this, rect.height));
 }
 
 void ResultsWindow::buildTablesTab(QWidget* page) {
@@ -539,63 +534,33 @@ void ResultsWindow::arrange() {
     if (isMinimized())
         return;
     tab1_->hide();
-    double formWidth = TwipsX(*this, width()) + kWindowFrameWidth;
-    double formHeight = TwipsY(*this, height()) + kWindowFrameHeight;
-    if (formHeight < MinFormHeight)
-        formHeight = MinFormHeight;
-    if (formWidth < MinFormWidth)
-        formWidth = MinFormWidth;
-    const double tabWidth = formWidth - 200;
-    const double tabHeight = formHeight - 1200;
-    place(tab1_, kTabLeft, kTabTop, tabWidth, tabHeight);
+    const double tabStrip = TwipsY(*this, tab1_->tabBar()->sizeHint().height());
+    const ResultsLayout l = ArrangeResults(TwipsX(*this, width()) + kWindowFrameWidth,
+                                           TwipsY(*this, height()) + kWindowFrameHeight,
+                                           MinFormWidth, MinFormHeight, tabStrip);
+    place(tab1_, l.Tab1);
+    place(image1_, l.Image1);
+    place(grid1_, l.Grid1);
+    place(sstab2_, l.SSTab2);
+    place(grid22_, l.Grid22);
+    place(grid2_, l.Grid2);
+    place(text8_, l.Text8);
 
-    // The pages begin under the tab strip, whose height the rules do not count: the
-    // lower tables end where the page ends.
-    auto inPage = [this](QWidget* w, double left, double top, double width, double height) {
-        place(w, left, top, width, height);
-    };
-    const double pageHeight = tabHeight - TwipsY(*this, tab1_->tabBar()->sizeHint().height()) - 60;
-    const double grid1Width = tabWidth - 4600;
-    const double grid1Height = tabHeight / 2 - 555;
-    inPage(image1_, kGridLeft, 40, 360, 360);
-    inPage(grid1_, kGridLeft, kGrid1Top, grid1Width, grid1Height);
-    const double grid1Right = kGridLeft + grid1Width;
-    const double sstabLeft = grid1Right + 150;
-    inPage(sstab2_, sstabLeft, 40, tabWidth - 150 - sstabLeft, grid1Height + kGrid1Top - 40);
-    const double lowerTop = kGrid1Top + grid1Height + 105;
-    const double lowerHeight = std::min(tabHeight - grid1Height - 855, pageHeight - lowerTop - 90);
-    const double grid22Width = tabWidth / 2 - 335;
-    inPage(grid22_, kGridLeft, lowerTop, grid22Width, lowerHeight);
-    const double grid2Left = kGridLeft + grid22Width + 210;
-    inPage(grid2_, grid2Left, lowerTop, tabWidth / 2 - 275, lowerHeight);
-    inPage(text8_, kGridLeft + 75, lowerTop + lowerHeight - 675, grid22Width - 150, 600);
-
-    const ChartLayout chart = ArrangeChart(tabWidth, tabHeight);
+    const ChartLayout chart = ArrangeChart(l.Tab1.width, l.Tab1.height);
     chartWidget_->setChartLayout(chart);
-    // The frames keep their left edge from the layout and stand one under the other,
-    // each at least as high as its controls need.
-    double frameTop = chart.Frame1.top;
-    const std::pair<QGroupBox*, const LayoutRect*> frames[] = {
-        {frame1_, &chart.Frame1}, {frame5_, &chart.Frame5}, {frame6_, &chart.Frame6}};
-    for (const auto& [frame, rect] : frames) {
-        const double height = std::max(rect->height, TwipsY(*this, frame->sizeHint().height()));
-        place(frame, rect->left, frameTop, rect->width, height);
-        frameTop += height + 100;
-    }
+    QGroupBox* const frames[] = {frame1_, frame5_, frame6_};
+    std::array<double, 3> needed{};
+    for (std::size_t i = 0; i < needed.size(); ++i)
+        needed[i] = TwipsY(*this, frames[i]->sizeHint().height());
+    const auto stacked = StackOptionFrames(chart, needed);
+    for (std::size_t i = 0; i < stacked.size(); ++i)
+        place(frames[i], stacked[i]);
     chart_->RedrawChart();
     showChart();
 
-    const double buttonsTop = kTabTop + tabHeight + 120;
-    double left = kTabLeft;
-    const std::pair<QPushButton*, double> buttons[] = {{command5_, 2300},
-                                                       {command9_, 1000},
-                                                       {command10_, 1500},
-                                                       {command11_, 2000},
-                                                       {command15_, 900}};
-    for (const auto& [button, width] : buttons) {
-        place(button, left, buttonsTop, width, kButtonHeight);
-        left += width + 120;
-    }
+    QPushButton* const buttons[] = {command5_, command9_, command10_, command11_, command15_};
+    for (std::size_t i = 0; i < l.Buttons.size(); ++i)
+        place(buttons[i], l.Buttons[i]);
     tab1_->show();
 }
 

@@ -88,7 +88,7 @@ class ResultsWindow : public QWidget {
     void buildTablesTab(QWidget* page);
     void buildGraphTab(QWidget* page);
     void arrange();
-    void place(QWidget* widget, double left, double top, double width, double height);
+    void place(QWidget* widget, const LayoutRect& rect);
     void query(const std::function<void(ResultQueries&)>& action);
     void showPanels();
     void chartCommand(const std::function<ChartFocus(LogProbitChart&)>& action);
