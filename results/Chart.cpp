@@ -430,6 +430,34 @@ ChartFocus LogProbitChart::enterInMarkPercent(UserPort& port) {
     return addMark(port);
 }
 
+ChartFocus LogProbitChart::leaveNumberBox(ChartFocus box, UserPort& port) {
+    std::string* text = nullptr;
+    if (box == ChartFocus::LowPercent)
+        text = &lowPercent_;
+    else if (box == ChartFocus::HighPercent)
+        text = &highPercent_;
+    else if (box == ChartFocus::MarkPercent)
+        text = &markPercent_;
+    if (text == nullptr || text->empty())
+        return ChartFocus::None;
+    const auto value = ParseNumber(*text);
+    if (!value) {
+        if (box != ChartFocus::MarkPercent)
+            port.tell("invaled value!");
+        return box;
+    }
+    const std::string plain = PlainText(*value);
+    if (plain == *text)
+        return ChartFocus::None;
+    if (box == ChartFocus::LowPercent)
+        setLowPercent(plain);
+    else if (box == ChartFocus::HighPercent)
+        setHighPercent(plain);
+    else
+        setMarkPercent(plain);
+    return ChartFocus::None;
+}
+
 void LogProbitChart::clickMark(int index) {
     selectedMark_ = index >= 0 && index < static_cast<int>(marks_.size()) ? index : -1;
     deleteMarkEnabled_ = selectedMark_ >= 0;

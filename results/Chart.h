@@ -129,8 +129,13 @@ class LogProbitChart {
     void setMarkPercent(const std::string& text);   // Text6 changed
     ChartFocus addMark(UserPort& port);             // Command7, Enter in Text6
     ChartFocus enterInMarkPercent(UserPort& port);  // Enter: only while Add is enabled
-    void clickMark(int index);                      // List1 click; -1 selects none
-    void deleteMark();                              // Command8
+    // Leaving a number box: Text4, Text5 or Text6 by the focus it stands for. An
+    // empty text stays; a number is rewritten as its plain text, as if typed; a text
+    // that is no number keeps the focus in its box, and the two limit boxes tell
+    // "invaled value!".
+    ChartFocus leaveNumberBox(ChartFocus box, UserPort& port);
+    void clickMark(int index);  // List1 click; -1 selects none
+    void deleteMark();          // Command8
 
     // State of the controls.
     bool autoCycles() const { return autoCycles_; }

@@ -330,8 +330,11 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
         connect(box, &FilteredLineEdit::enterPressed, this, [this] {
             chartCommand([this](LogProbitChart& c) { return c.enterInLimits(program_.port()); });
         });
-        connect(box, &FilteredLineEdit::focusLeft, this, [this, box] { numberBoxLeft(box, true); });
     }
+    connect(text4_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::LowPercent); });
+    connect(text5_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::HighPercent); });
     connect(check2_, &QCheckBox::clicked, this, [this](bool on) {
         chartCommand([on](LogProbitChart& c) {
             c.clickShowPoints(on);
@@ -353,7 +356,8 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     connect(text6_, &FilteredLineEdit::enterPressed, this, [this] {
         chartCommand([this](LogProbitChart& c) { return c.enterInMarkPercent(program_.port()); });
     });
-    connect(text6_, &FilteredLineEdit::focusLeft, this, [this] { numberBoxLeft(text6_, false); });
+    connect(text6_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::MarkPercent); });
     connect(command7_, &QPushButton::clicked, this, [this] {
         chartCommand([this](LogProbitChart& c) { return c.addMark(program_.port()); });
     });
@@ -373,29 +377,15 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     showChart();
 }
 
-// Leaving a number box of the chart: its text becomes the plain text of its number.
-// A text that is no number keeps the focus; the limit boxes say so.
-void ResultsWindow::numberBoxLeft(FilteredLineEdit* box, bool tellInvalid) {
+// Leaving a number box of the chart for another control of this window runs the
+// chart's rule for it.
+void ResultsWindow::numberBoxLeft(ChartFocus box) {
     if (refreshing_)
         return;
     QWidget* next = QApplication::focusWidget();
     if (!next || next->window() != this)
         return;
-    const std::string text = box->text().toStdString();
-    if (text.empty())
-        return;
-    const auto value = ParseNumber(text);
-    if (!value) {
-        if (tellInvalid)
-            program_.port().tell("invaled value!");
-        box->setFocus(Qt::OtherFocusReason);
-        return;
-    }
-    const QString plain = QString::fromStdString(PlainText(*value));
-    if (plain == box->text())
-        return;
-    box->setText(plain);
-    emit box->textEdited(plain);
+    chartCommand([this, box](LogProbitChart& c) { return c.leaveNumberBox(box, program_.port()); });
 }
 
 void ResultsWindow::query(const std::function<void(ResultQueries&)>& action) {

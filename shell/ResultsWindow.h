@@ -93,7 +93,7 @@ class ResultsWindow : public QWidget {
     void showPanels();
     void chartCommand(const std::function<ChartFocus(LogProbitChart&)>& action);
     void showChart();
-    void numberBoxLeft(FilteredLineEdit* box, bool tellInvalid);
+    void numberBoxLeft(ChartFocus box);
 
     Program& program_;
     QtTextMeasurer measurer_;

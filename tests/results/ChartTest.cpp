@@ -19,7 +19,7 @@ namespace {
 
 class ChartTest : public ::testing::Test {
   protected:
-    ChartTest() : grid1(4, 7), chart(grid1, shared) {
+    ChartTest() : grid1(4, datacol::Count), chart(grid1, shared) {
         shared.fit.Slope = 2;
         shared.fit.MeanLogDose = 1;
         shared.fit.MeanProbit = 5;
@@ -33,12 +33,12 @@ class ChartTest : public ::testing::Test {
 
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
-        grid1.setText(r, 0, dose);
-        grid1.setText(r, 1, dose);
-        grid1.setText(r, 2, logDose);
-        grid1.setText(r, 3, "20");
-        grid1.setText(r, 4, observed);
-        grid1.setText(r, 6, probit);
+        grid1.setText(r, datacol::Dose, dose);
+        grid1.setText(r, datacol::ScaledDose, dose);
+        grid1.setText(r, datacol::LogDose, logDose);
+        grid1.setText(r, datacol::Treated, "20");
+        grid1.setText(r, datacol::Observed, observed);
+        grid1.setText(r, datacol::LinearProbit, probit);
     }
 
     void manualCycles(const std::string& n) {
@@ -472,6 +472,37 @@ TEST_F(ChartTest, CellThatIsNoNumberLeavesAnEmptyPlot) {
     grid1.setText(2, 6, "");
     EXPECT_FALSE(chart.RedrawChart());
     EXPECT_EQ(chart.drawing().dump(), "clear\n");
+}
+
+TEST_F(ChartTest, LeavingANumberBoxWritesItsNumberPlain) {
+    chart.clickAdjustRange(port);
+    chart.setLowPercent("020.50");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::LowPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.lowPercent(), "20.5");
+    EXPECT_TRUE(chart.limitsOkEnabled());
+    chart.setHighPercent("8E1");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::HighPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.highPercent(), "80");
+    chart.setMarkPercent("5.0");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::MarkPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.markPercent(), "5");
+    chart.setMarkPercent("");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::MarkPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.markPercent(), "");
+    EXPECT_TRUE(port.messages.empty());
+}
+
+TEST_F(ChartTest, LeavingANumberBoxThatHoldsNoNumberKeepsTheFocus) {
+    chart.setLowPercent("-");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::LowPercent, port), ChartFocus::LowPercent);
+    chart.setHighPercent(".");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::HighPercent, port), ChartFocus::HighPercent);
+    EXPECT_EQ(port.texts(), (std::vector<std::string>{"invaled value!", "invaled value!"}));
+    EXPECT_EQ(chart.lowPercent(), "-");
+    // The box of a mark keeps the focus without a word.
+    chart.setMarkPercent("-");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::MarkPercent, port), ChartFocus::MarkPercent);
+    EXPECT_EQ(port.messages.size(), 2U);
 }
 
 }  // namespace
