@@ -106,9 +106,45 @@ ResultsWindow::ResultsWindow(Program& program)
     });
     connect(command15_, &QPushButton::clicked, this, [this] { program_.openHelp("Hmain.htm"); });
 
+    nameWidgets();
     setMinimumSize(PixelsX(*this, MinFormWidth - kWindowFrameWidth),
                    PixelsY(*this, MinFormHeight - kWindowFrameHeight));
     resize(minimumSize());
+}
+
+void ResultsWindow::nameWidgets() {
+    tab1_->setObjectName("Tab1");
+    text8_->setObjectName("Text8");
+    image1_->setObjectName("Image1");
+    sstab2_->setObjectName("SSTab2");
+    text3_->setObjectName("Text3");
+    command3_->setObjectName("Command3");
+    label6_->setObjectName("Label6");
+    label19_->setObjectName("Label19");
+    label20_->setObjectName("Label20");
+    command4_->setObjectName("Command4");
+    text2_->setObjectName("Text2");
+    command1_->setObjectName("Command1");
+    label3_->setObjectName("Label3");
+    command2_->setObjectName("Command2");
+    checkAutoCycles_->setObjectName("CheckAutoCycles");
+    comboCycles_->setObjectName("ComboCycles");
+    option1_->setObjectName("Option1");
+    option2_->setObjectName("Option2");
+    text4_->setObjectName("Text4");
+    text5_->setObjectName("Text5");
+    command6_->setObjectName("Command6");
+    check2_->setObjectName("Check2");
+    check3_->setObjectName("Check3");
+    text6_->setObjectName("Text6");
+    command7_->setObjectName("Command7");
+    list1_->setObjectName("List1");
+    command8_->setObjectName("Command8");
+    command5_->setObjectName("Command5");
+    command9_->setObjectName("Command9");
+    command10_->setObjectName("Command10");
+    command11_->setObjectName("Command11");
+    command15_->setObjectName("Command15");
 }
 
 // The views let go of the tables and the chart before the results that hold them go.

@@ -41,43 +41,8 @@ class ResultsWindow : public QWidget {
     void showTables();
     // Activation: the chart is drawn, then the captions that follow the line's words.
     void Activate();
-
-    QTabWidget* Tab1() const { return tab1_; }
-    TextTableView* Grid1() const { return grid1_; }
-    TextTableView* Grid22() const { return grid22_; }
-    TextTableView* Grid2() const { return grid2_; }
-    QLabel* Text8() const { return text8_; }
-    QToolButton* Image1() const { return image1_; }
-    QTabWidget* SSTab2() const { return sstab2_; }
-    FilteredLineEdit* Text3() const { return text3_; }
-    QPushButton* Command3() const { return command3_; }
-    QLabel* Label6() const { return label6_; }
-    QLabel* Label19() const { return label19_; }
-    QLabel* Label20() const { return label20_; }
-    QPushButton* Command4() const { return command4_; }
-    FilteredLineEdit* Text2() const { return text2_; }
-    QPushButton* Command1() const { return command1_; }
-    QLabel* Label3() const { return label3_; }
-    QPushButton* Command2() const { return command2_; }
-    ChartWidget* PictureFig() const { return chartWidget_; }
-    QCheckBox* CheckAutoCycles() const { return checkAutoCycles_; }
-    QComboBox* ComboCycles() const { return comboCycles_; }
-    QRadioButton* Option1() const { return option1_; }
-    QRadioButton* Option2() const { return option2_; }
-    FilteredLineEdit* Text4() const { return text4_; }
-    FilteredLineEdit* Text5() const { return text5_; }
-    QPushButton* Command6() const { return command6_; }
-    QCheckBox* Check2() const { return check2_; }
-    QCheckBox* Check3() const { return check3_; }
-    FilteredLineEdit* Text6() const { return text6_; }
-    QPushButton* Command7() const { return command7_; }
-    QListWidget* List1() const { return list1_; }
-    QPushButton* Command8() const { return command8_; }
-    QPushButton* Command5() const { return command5_; }
-    QPushButton* Command9() const { return command9_; }
-    QPushButton* Command10() const { return command10_; }
-    QPushButton* Command11() const { return command11_; }
-    QPushButton* Command15() const { return command15_; }
+    // The widgets carry the names of the window's controls as object names ("Grid1",
+    // "Text3", "Command11", ...), by which tests find them.
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -85,6 +50,7 @@ class ResultsWindow : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void nameWidgets();
     void buildTablesTab(QWidget* page);
     void buildGraphTab(QWidget* page);
     void arrange();
