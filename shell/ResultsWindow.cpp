@@ -190,6 +190,13 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     text8_->setStyleSheet("color: rgb(170,0,0);");
 
     sstab2_ = new QTabWidget(page);
+    sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
+    sstab2_->addTab(buildResponsePanel(), "Calculate Response");
+    connectQueries();
+}
+
+// "Calculate any value": the dose of any percent, with its limits.
+QWidget* ResultsWindow::buildEstimatePanel() {
     auto* estimate = new QWidget;
     auto* e = new QGridLayout(estimate);
     label4_ = new QLabel(estimate);
@@ -213,8 +220,11 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     e->addWidget(command4_, 5, 2, 1, 2);
     e->setRowStretch(6, 1);
     e->setColumnStretch(1, 1);
-    sstab2_->addTab(estimate, "Calculate any value");
+    return estimate;
+}
 
+// "Calculate Response": the response percent of any dose.
+QWidget* ResultsWindow::buildResponsePanel() {
     auto* response = new QWidget;
     auto* r = new QGridLayout(response);
     label1_ = new QLabel("The responce of", response);
@@ -231,8 +241,10 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     r->addWidget(command2_, 3, 2, 1, 2);
     r->setRowStretch(4, 1);
     r->setColumnStretch(1, 1);
-    sstab2_->addTab(response, "Calculate Response");
+    return response;
+}
 
+void ResultsWindow::connectQueries() {
     for (FilteredLineEdit* box : {text2_, text3_}) {
         box->setKeyFilter([](char key) { return ResultQueries::NumberBoxAcceptsKey(key); });
         box->setMinimumWidth(PixelsX(*box, 900));
@@ -280,7 +292,16 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     chartWidget_ = new ChartWidget(*chart_, page);
     connect(chartWidget_->Text7(), &QLineEdit::returnPressed, this,
             [this] { chartWidget_->setFocus(); });
+    buildCyclesFrame(page);
+    buildLimitsFrame(page);
+    buildMarksFrame(page);
+    for (FilteredLineEdit* box : {text4_, text5_, text6_})
+        box->setKeyFilter([](char key) { return ResultQueries::NumberBoxAcceptsKey(key); });
+    showChart();
+}
 
+// "(X) axis scale": Auto, or the number of cycles the user picks.
+void ResultsWindow::buildCyclesFrame(QWidget* page) {
     frame1_ = new QGroupBox("(X) axis scale", page);
     checkAutoCycles_ = new QCheckBox("Auto", frame1_);
     comboCycles_ = new QComboBox(frame1_);
@@ -291,6 +312,16 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     f1->addWidget(new QLabel("Cycles", frame1_), 1, 0);  // Label21
     f1->addWidget(comboCycles_, 1, 1);
 
+    connect(checkAutoCycles_, &QCheckBox::clicked, this,
+            [this](bool on) { chartAction([on](LogProbitChart& c) { c.clickAutoCycles(on); }); });
+    connect(comboCycles_, &QComboBox::activated, this, [this](int index) {
+        const std::string text = comboCycles_->itemText(index).toStdString();
+        chartAction([text](LogProbitChart& c) { c.clickCycles(text); });
+    });
+}
+
+// "Line limits": the actual range of the data, or a range between two percents.
+void ResultsWindow::buildLimitsFrame(QWidget* page) {
     frame5_ = new QGroupBox("Line limits", page);
     option1_ = new QRadioButton("Actual range", frame5_);
     option2_ = new QRadioButton("Adjust range", frame5_);
@@ -305,6 +336,34 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     f5->addWidget(text5_, 2, 2);
     f5->addWidget(command6_, 3, 0, 1, 3);
 
+    connect(option1_, &QRadioButton::clicked, this,
+            [this] { chartAction([](LogProbitChart& c) { c.clickActualRange(); }); });
+    connect(option2_, &QRadioButton::clicked, this, [this] {
+        chartCommand([this](LogProbitChart& c) { return c.clickAdjustRange(program_.port()); });
+    });
+    connect(command6_, &QPushButton::clicked, this, [this] {
+        chartCommand([this](LogProbitChart& c) { return c.clickLimitsOk(program_.port()); });
+    });
+    connect(text4_, &QLineEdit::textEdited, this, [this](const QString& t) {
+        chartAction([t](LogProbitChart& c) { c.setLowPercent(t.toStdString()); });
+    });
+    connect(text5_, &QLineEdit::textEdited, this, [this](const QString& t) {
+        chartAction([t](LogProbitChart& c) { c.setHighPercent(t.toStdString()); });
+    });
+    for (FilteredLineEdit* box : {text4_, text5_}) {
+        connect(box, &FilteredLineEdit::enterPressed, this, [this] {
+            chartCommand([this](LogProbitChart& c) { return c.enterInLimits(program_.port()); });
+        });
+    }
+    connect(text4_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::LowPercent); });
+    connect(text5_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::HighPercent); });
+}
+
+// "Show on the graph": the observed points, the estimates of the marks, and the
+// marks themselves, added by percent and deleted from the list.
+void ResultsWindow::buildMarksFrame(QWidget* page) {
     frame6_ = new QGroupBox("Show on the graph", page);
     check2_ = new QCheckBox("Actual points", frame6_);
     check3_ = new QCheckBox("LD value", frame6_);
@@ -322,72 +381,13 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     f6->addWidget(list1_, 3, 0, 1, 2);
     f6->addWidget(command8_, 3, 2, Qt::AlignTop);
 
-    for (FilteredLineEdit* box : {text4_, text5_, text6_}) {
-        box->setKeyFilter([](char key) { return ResultQueries::NumberBoxAcceptsKey(key); });
-    }
-    connect(checkAutoCycles_, &QCheckBox::clicked, this, [this](bool on) {
-        chartCommand([on](LogProbitChart& c) {
-            c.clickAutoCycles(on);
-            return ChartFocus::None;
-        });
-    });
-    connect(comboCycles_, &QComboBox::activated, this, [this](int index) {
-        const std::string text = comboCycles_->itemText(index).toStdString();
-        chartCommand([text](LogProbitChart& c) {
-            c.clickCycles(text);
-            return ChartFocus::None;
-        });
-    });
-    connect(option1_, &QRadioButton::clicked, this, [this] {
-        chartCommand([](LogProbitChart& c) {
-            c.clickActualRange();
-            return ChartFocus::None;
-        });
-    });
-    connect(option2_, &QRadioButton::clicked, this, [this] {
-        chartCommand([this](LogProbitChart& c) { return c.clickAdjustRange(program_.port()); });
-    });
-    connect(command6_, &QPushButton::clicked, this, [this] {
-        chartCommand([this](LogProbitChart& c) { return c.clickLimitsOk(program_.port()); });
-    });
-    connect(text4_, &QLineEdit::textEdited, this, [this](const QString& t) {
-        chartCommand([t](LogProbitChart& c) {
-            c.setLowPercent(t.toStdString());
-            return ChartFocus::None;
-        });
-    });
-    connect(text5_, &QLineEdit::textEdited, this, [this](const QString& t) {
-        chartCommand([t](LogProbitChart& c) {
-            c.setHighPercent(t.toStdString());
-            return ChartFocus::None;
-        });
-    });
-    for (FilteredLineEdit* box : {text4_, text5_}) {
-        connect(box, &FilteredLineEdit::enterPressed, this, [this] {
-            chartCommand([this](LogProbitChart& c) { return c.enterInLimits(program_.port()); });
-        });
-    }
-    connect(text4_, &FilteredLineEdit::focusLeft, this,
-            [this] { numberBoxLeft(ChartFocus::LowPercent); });
-    connect(text5_, &FilteredLineEdit::focusLeft, this,
-            [this] { numberBoxLeft(ChartFocus::HighPercent); });
-    connect(check2_, &QCheckBox::clicked, this, [this](bool on) {
-        chartCommand([on](LogProbitChart& c) {
-            c.clickShowPoints(on);
-            return ChartFocus::None;
-        });
-    });
+    connect(check2_, &QCheckBox::clicked, this,
+            [this](bool on) { chartAction([on](LogProbitChart& c) { c.clickShowPoints(on); }); });
     connect(check3_, &QCheckBox::clicked, this, [this](bool on) {
-        chartCommand([on](LogProbitChart& c) {
-            c.clickShowEstimates(on);
-            return ChartFocus::None;
-        });
+        chartAction([on](LogProbitChart& c) { c.clickShowEstimates(on); });
     });
     connect(text6_, &QLineEdit::textEdited, this, [this](const QString& t) {
-        chartCommand([t](LogProbitChart& c) {
-            c.setMarkPercent(t.toStdString());
-            return ChartFocus::None;
-        });
+        chartAction([t](LogProbitChart& c) { c.setMarkPercent(t.toStdString()); });
     });
     connect(text6_, &FilteredLineEdit::enterPressed, this, [this] {
         chartCommand([this](LogProbitChart& c) { return c.enterInMarkPercent(program_.port()); });
@@ -399,18 +399,10 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     });
     connect(list1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         const int row = list1_->row(item);
-        chartCommand([row](LogProbitChart& c) {
-            c.clickMark(row);
-            return ChartFocus::None;
-        });
+        chartAction([row](LogProbitChart& c) { c.clickMark(row); });
     });
-    connect(command8_, &QPushButton::clicked, this, [this] {
-        chartCommand([](LogProbitChart& c) {
-            c.deleteMark();
-            return ChartFocus::None;
-        });
-    });
-    showChart();
+    connect(command8_, &QPushButton::clicked, this,
+            [this] { chartAction([](LogProbitChart& c) { c.deleteMark(); }); });
 }
 
 // Leaving a number box of the chart for another control of this window runs the
@@ -495,6 +487,13 @@ void ResultsWindow::chartCommand(const std::function<ChartFocus(LogProbitChart&)
         case ChartFocus::None:
             break;
     }
+}
+
+void ResultsWindow::chartAction(const std::function<void(LogProbitChart&)>& action) {
+    chartCommand([&action](LogProbitChart& c) {
+        action(c);
+        return ChartFocus::None;
+    });
 }
 
 void ResultsWindow::showChart() {

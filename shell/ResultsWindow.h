@@ -52,12 +52,21 @@ class ResultsWindow : public QWidget {
   private:
     void nameWidgets();
     void buildTablesTab(QWidget* page);
+    QWidget* buildEstimatePanel();
+    QWidget* buildResponsePanel();
+    void connectQueries();
     void buildGraphTab(QWidget* page);
+    void buildCyclesFrame(QWidget* page);
+    void buildLimitsFrame(QWidget* page);
+    void buildMarksFrame(QWidget* page);
     void arrange();
     void place(QWidget* widget, const LayoutRect& rect);
     void query(const std::function<void(ResultQueries&)>& action);
     void showPanels();
+    // Runs a chart command and shows the chart; the focus goes where the command says.
     void chartCommand(const std::function<ChartFocus(LogProbitChart&)>& action);
+    // A chart command that leaves the focus where it is.
+    void chartAction(const std::function<void(LogProbitChart&)>& action);
     void showChart();
     void numberBoxLeft(ChartFocus box);
 
