@@ -19,10 +19,9 @@ struct FormatLevels {
     const char* otherwise;
 };
 
-void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
-    const double v = shared.WorkValue;
+std::optional<std::string> FormatByLevels(double v, const FormatLevels& levels) {
     if (v == 0)
-        return;  // WorkText keeps what it had; callers depend on it
+        return std::nullopt;
     const char* pattern = levels.otherwise;
     if (v > levels.upper || v < levels.lower) {
         pattern = levels.huge;
@@ -33,7 +32,19 @@ void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
     } else if (v < 1) {
         pattern = levels.below1;
     }
-    shared.WorkText = FormatNumber(v, pattern);
+    return FormatNumber(v, pattern);
+}
+
+constexpr FormatLevels kEstimateLevels{99999,    0.00001, "00000E+0", "0.000000",
+                                       "0.0000", "0.000", "0.000"};
+constexpr FormatLevels kTwoLevels{99999,    0.00001, "00000E+0", "0.00000",
+                                  "0.0000", "0.000", "0.000"};
+constexpr FormatLevels kFourLevels{999999, 0.000001, "0E+0", "0.000000", "0.0000", "0.00", "0"};
+
+// WorkText keeps what it had for a WorkValue of 0.
+void FormatIntoRegister(SharedRegisters& shared, const FormatLevels& levels) {
+    if (auto text = FormatByLevels(shared.WorkValue, levels))
+        shared.WorkText = std::move(*text);
 }
 
 // A limit on the log scale brought back to the user's units and rounded to four
@@ -127,16 +138,28 @@ bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {
     return true;
 }
 
+std::optional<std::string> FormatEstimateText(double value) {
+    return FormatByLevels(value, kEstimateLevels);
+}
+
+std::optional<std::string> FormatTwoLevelsText(double value) {
+    return FormatByLevels(value, kTwoLevels);
+}
+
+std::optional<std::string> FormatFourLevelsText(double value) {
+    return FormatByLevels(value, kFourLevels);
+}
+
 void FormatEstimate(SharedRegisters& shared) {
-    ApplyFormat(shared, {99999, 0.00001, "00000E+0", "0.000000", "0.0000", "0.000", "0.000"});
+    FormatIntoRegister(shared, kEstimateLevels);
 }
 
 void FormatTwoLevels(SharedRegisters& shared) {
-    ApplyFormat(shared, {99999, 0.00001, "00000E+0", "0.00000", "0.0000", "0.000", "0.000"});
+    FormatIntoRegister(shared, kTwoLevels);
 }
 
 void FormatFourLevels(SharedRegisters& shared) {
-    ApplyFormat(shared, {999999, 0.000001, "0E+0", "0.000000", "0.0000", "0.00", "0"});
+    FormatIntoRegister(shared, kFourLevels);
 }
 
 }  // namespace morvane

@@ -7,6 +7,9 @@
 // the result comes back in WorkValue, LogEstimate, UpperLimit, LowerLimit or
 // WorkText. The fitted line in shared.fit must be valid.
 
+#include <optional>
+#include <string>
+
 #include "core/SharedRegisters.h"
 #include "core/UserPort.h"
 
@@ -39,8 +42,13 @@ void FiducialLimits(SharedRegisters& shared);
 // and WorkValue holds the probit.
 bool ResponseAtDose(SharedRegisters& shared, UserPort& port);
 
-// The format rules: WorkValue rendered into WorkText by its size. A WorkValue of 0
-// leaves WorkText as it was.
+// The format rules: the text of a value by its size. A value of 0 has no text.
+std::optional<std::string> FormatEstimateText(double value);
+std::optional<std::string> FormatTwoLevelsText(double value);
+std::optional<std::string> FormatFourLevelsText(double value);
+
+// The same rules on the registers: WorkValue rendered into WorkText. A WorkValue of
+// 0 leaves WorkText as it was, and callers depend on that carry-over.
 void FormatEstimate(SharedRegisters& shared);
 void FormatTwoLevels(SharedRegisters& shared);
 void FormatFourLevels(SharedRegisters& shared);

@@ -173,6 +173,12 @@ TEST(ResponseAtDose, OutOfScaleTellsTheUserAndLeavesTheProbit) {
     EXPECT_EQ(s.WorkValue, 13);
 }
 
+TEST(FormatRules, ZeroHasNoText) {
+    EXPECT_EQ(FormatEstimateText(0), std::nullopt);
+    EXPECT_EQ(FormatTwoLevelsText(0), std::nullopt);
+    EXPECT_EQ(FormatFourLevelsText(0), std::nullopt);
+}
+
 TEST(FormatRules, ZeroLeavesWorkTextAsItWas) {
     SharedRegisters s;
     s.WorkText = "kept";
@@ -186,12 +192,7 @@ TEST(FormatRules, ZeroLeavesWorkTextAsItWas) {
 }
 
 TEST(FormatRules, FormatEstimateBySize) {
-    SharedRegisters s;
-    auto f = [&](double v) {
-        s.WorkValue = v;
-        FormatEstimate(s);
-        return s.WorkText;
-    };
+    auto f = [](double v) { return FormatEstimateText(v).value_or("no text"); };
     EXPECT_EQ(f(100000), "10000E+1");
     EXPECT_EQ(f(99999), "99999.000");
     EXPECT_EQ(f(1234567), "12346E+2");
@@ -204,12 +205,7 @@ TEST(FormatRules, FormatEstimateBySize) {
 }
 
 TEST(FormatRules, FormatTwoLevelsBySize) {
-    SharedRegisters s;
-    auto f = [&](double v) {
-        s.WorkValue = v;
-        FormatTwoLevels(s);
-        return s.WorkText;
-    };
+    auto f = [](double v) { return FormatTwoLevelsText(v).value_or("no text"); };
     EXPECT_EQ(f(100000), "10000E+1");
     EXPECT_EQ(f(0.00005), "0.00005");
     EXPECT_EQ(f(0.005), "0.0050");
@@ -218,12 +214,7 @@ TEST(FormatRules, FormatTwoLevelsBySize) {
 }
 
 TEST(FormatRules, FormatFourLevelsBySize) {
-    SharedRegisters s;
-    auto f = [&](double v) {
-        s.WorkValue = v;
-        FormatFourLevels(s);
-        return s.WorkText;
-    };
+    auto f = [](double v) { return FormatFourLevelsText(v).value_or("no text"); };
     EXPECT_EQ(f(0.5), "0.50");
     EXPECT_EQ(f(5), "5");
     EXPECT_EQ(f(1000000), "1E+6");
