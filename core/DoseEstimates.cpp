@@ -105,20 +105,25 @@ LogLimits FiellerLogLimits(const FitResult& fit, double logEstimate) {
     return limits;
 }
 
-void FiducialLimits(SharedRegisters& shared) {
-    const FitResult& fit = shared.fit;
-    const LogLimits limits = FiellerLogLimits(fit, shared.LogEstimate);
-    shared.UpperLimit = limits.upper;
-    shared.LowerLimit = limits.lower;
+DoseLimits FiducialLimitsOf(const FitResult& fit, double logEstimate) {
+    const LogLimits limits = FiellerLogLimits(fit, logEstimate);
+    DoseLimits out{limits.lower, limits.upper};
     // An overflowing power ends the routine where it stands, as an error inside the
     // estimate would: the limits keep what they hold at that point.
     double upper = 0, lower = 0;
-    if (!LimitFromLog(shared.UpperLimit, fit.DoseScale, upper))
-        return;
-    shared.UpperLimit = upper;
-    if (!LimitFromLog(shared.LowerLimit, fit.DoseScale, lower))
-        return;
-    shared.LowerLimit = lower;
+    if (!LimitFromLog(out.upper, fit.DoseScale, upper))
+        return out;
+    out.upper = upper;
+    if (!LimitFromLog(out.lower, fit.DoseScale, lower))
+        return out;
+    out.lower = lower;
+    return out;
+}
+
+void FiducialLimits(SharedRegisters& shared) {
+    const DoseLimits limits = FiducialLimitsOf(shared.fit, shared.LogEstimate);
+    shared.UpperLimit = limits.upper;
+    shared.LowerLimit = limits.lower;
 }
 
 bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {

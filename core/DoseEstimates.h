@@ -33,8 +33,17 @@ struct LogLimits {
 };
 LogLimits FiellerLogLimits(const FitResult& fit, double logEstimate);
 
-// Limits for the log estimate in LogEstimate, into UpperLimit and LowerLimit,
-// rounded to four decimals in the user's units.
+// The fiducial limits of the log estimate in the user's units, rounded to four
+// decimals. A limit whose power of ten overflows stops the conversion there: that
+// limit and the ones after it (the upper limit comes first) stay on the log scale.
+struct DoseLimits {
+    double lower = 0;
+    double upper = 0;
+};
+DoseLimits FiducialLimitsOf(const FitResult& fit, double logEstimate);
+
+// Limits for the log estimate in LogEstimate, into UpperLimit and LowerLimit, as
+// FiducialLimitsOf gives them.
 void FiducialLimits(SharedRegisters& shared);
 
 // WorkValue: a dose in the user's units in, its response percent out. Returns false

@@ -173,6 +173,35 @@ TEST(ResponseAtDose, OutOfScaleTellsTheUserAndLeavesTheProbit) {
     EXPECT_EQ(s.WorkValue, 13);
 }
 
+TEST(FiducialLimitsOf, ALineThroughTenAtItsMiddle) {
+    // m = 1 lies on the mean: c = 1 and e = 1.96 / (0.9 * 2) * sqrt(0.9 / 100), so
+    // the limits are 10^(1 -/+ 0.1033011) = 7.8831 and 12.6853.
+    const DoseLimits limits = FiducialLimitsOf(LineThroughTen().fit, 1);
+    EXPECT_EQ(limits.lower, 7.8831);
+    EXPECT_EQ(limits.upper, 12.6853);
+}
+
+TEST(FiducialLimitsOf, AnOverflowingUpperLimitLeavesBothOnTheLogScale) {
+    const FitResult fit = LineThroughTen().fit;
+    const LogLimits logs = FiellerLogLimits(fit, 400);
+    EXPECT_NEAR(logs.lower, 227.0999754, 1e-6);
+    EXPECT_NEAR(logs.upper, 661.5666912, 1e-6);
+    const DoseLimits limits = FiducialLimitsOf(fit, 400);
+    EXPECT_EQ(limits.lower, logs.lower);
+    EXPECT_EQ(limits.upper, logs.upper);
+}
+
+TEST(FiellerLogLimits, ANegativeSlopeSwapsTheLimits) {
+    FitResult fit = LineThroughTen().fit;
+    fit.Slope = -2;
+    const LogLimits logs = FiellerLogLimits(fit, 1);
+    EXPECT_NEAR(logs.lower, 0.8966989, 1e-6);
+    EXPECT_NEAR(logs.upper, 1.1033011, 1e-6);
+    EXPECT_FALSE(logs.negativeSquare);
+    fit.HeterogeneityFactor = -1;  // a square below 0
+    EXPECT_TRUE(FiellerLogLimits(fit, 1).negativeSquare);
+}
+
 TEST(FormatRules, ZeroHasNoText) {
     EXPECT_EQ(FormatEstimateText(0), std::nullopt);
     EXPECT_EQ(FormatTwoLevelsText(0), std::nullopt);
