@@ -18,7 +18,7 @@ ResultsTables SmallTables() {
     for (int r = 0; r < 2; ++r)
         for (int c = 0; c < 7; ++c)
             t.Grid1.setText(r + 1, c, rows[r][c]);
-    t.Grid1.setText(0, 0, "heading row is not exported");
+    t.Grid1.setText(0, datacol::Dose, "heading row is not exported");
     const char* const stats[6][3] = {{"Slope", "2.0000", "+/-  0.5000"},
                                      {"", "1.0000", "tabulated  3.8"},
                                      {"p", "0.3173", ""},
