@@ -299,6 +299,26 @@ void LogProbitChart::DrawMarks() {
     }
 }
 
+std::vector<double> LogProbitChart::PercentRulings() const {
+    // A label stands centred on its percent in a strip that begins 75 above the plot.
+    std::vector<double> rulings;
+    for (int i = 1; i < kPercentLabels - 1; ++i) {
+        const ChartLabel& label = label12_[static_cast<std::size_t>(i)];
+        rulings.push_back(label.top + label.height / 2 - 75);
+    }
+    return rulings;
+}
+
+std::vector<LogProbitChart::CycleRule> LogProbitChart::CycleRulings() const {
+    std::vector<CycleRule> rulings;
+    for (const ChartLabel& tick : label7_) {
+        if (tick.left <= 0)
+            continue;  // parked out of sight
+        rulings.push_back({tick.left + tick.width / 2, tick.top});
+    }
+    return rulings;
+}
+
 void LogProbitChart::selectActualRangeAfterRefusal() {
     clickActualRange();
 }

@@ -173,6 +173,17 @@ class LogProbitChart {
     const ChartLabel& percentLabel(int i) const { return label12_.at(static_cast<std::size_t>(i)); }
     const ChartLabel& probitLabel(int j) const { return label13_.at(static_cast<std::size_t>(j)); }
 
+    // The ruling of the paper, in twips of the plot area, y downward: a line across
+    // the plot at each inner percent label (10% to 90%), and a line down it at each
+    // inner cycle boundary whose tick is placed, with the top of that tick.
+    struct CycleRule {
+        double x = 0;
+        double tickTop = 0;
+        friend bool operator==(const CycleRule&, const CycleRule&) = default;
+    };
+    std::vector<double> PercentRulings() const;
+    std::vector<CycleRule> CycleRulings() const;
+
     // The hidden coordinate tables: line points of the actual range (Grid3), of the
     // adjusted range (Grid4, rows 1 and 2) and the observed points (Grid5).
     const TextTable& Grid3() const { return grid3_; }

@@ -91,17 +91,12 @@ void ChartWidget::paintRuling(QPainter& painter) const {
     const QPaintDevice& d = *painter.device();
     const LayoutRect& plot = layout_.Picture1;
     painter.setPen(QPen(QColor(222, 226, 234), 1));
-    for (int i = 1; i < LogProbitChart::kPercentLabels - 1; ++i) {
-        const ChartLabel& label = chart_.percentLabel(i);
-        const double y = plot.top + label.top + label.height / 2 - 75;
-        painter.drawLine(TwipRect(d, plot.left, y, plot.width, 0).topLeft(),
-                         TwipRect(d, plot.right(), y, 0, 0).topLeft());
+    for (const double y : chart_.PercentRulings()) {
+        painter.drawLine(TwipRect(d, plot.left, plot.top + y, plot.width, 0).topLeft(),
+                         TwipRect(d, plot.right(), plot.top + y, 0, 0).topLeft());
     }
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
-        const ChartLabel& tick = chart_.tickLabel(i);
-        if (tick.left <= 0)
-            continue;
-        const double x = plot.left + tick.left + tick.width / 2;
+    for (const LogProbitChart::CycleRule& rule : chart_.CycleRulings()) {
+        const double x = plot.left + rule.x;
         painter.drawLine(TwipRect(d, x, plot.top, 0, 0).topLeft(),
                          TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
     }
@@ -126,12 +121,9 @@ void ChartWidget::paintTicks(QPainter& painter) const {
     const QPaintDevice& d = *painter.device();
     const LayoutRect& plot = layout_.Picture1;
     painter.setPen(QPen(QColor(40, 40, 40), 1.2));
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
-        const ChartLabel& tick = chart_.tickLabel(i);
-        if (tick.left <= 0)
-            continue;
-        const double x = plot.left + tick.left + tick.width / 2;
-        painter.drawLine(TwipRect(d, x, plot.top + tick.top, 0, 0).topLeft(),
+    for (const LogProbitChart::CycleRule& rule : chart_.CycleRulings()) {
+        const double x = plot.left + rule.x;
+        painter.drawLine(TwipRect(d, x, plot.top + rule.tickTop, 0, 0).topLeft(),
                          TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
     }
 }

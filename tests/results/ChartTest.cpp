@@ -505,5 +505,17 @@ TEST_F(ChartTest, LeavingANumberBoxThatHoldsNoNumberKeepsTheFocus) {
     EXPECT_EQ(port.messages.size(), 2U);
 }
 
+TEST_F(ChartTest, RulingOfThePaperAtThePercentsAndTheCycles) {
+    ASSERT_TRUE(chart.RedrawChart());
+    const std::vector<double> percents = chart.PercentRulings();
+    ASSERT_EQ(percents.size(), 9U);
+    // 50% is probit 5, halfway up the plot of 3000.
+    EXPECT_EQ(percents[4], 1500);
+    EXPECT_EQ(percents[0], 3000 - ChartY(NumberOf(shared.probit.PercentToProbit("10")), 3000));
+    // Three cycles over 6000: the inner boundaries at 2000 and 4000, ticks 70 high.
+    using Rule = LogProbitChart::CycleRule;
+    EXPECT_EQ(chart.CycleRulings(), (std::vector<Rule>{{2000, 2930}, {4000, 2930}}));
+}
+
 }  // namespace
 }  // namespace morvane
