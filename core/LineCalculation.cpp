@@ -116,7 +116,7 @@ bool RefuseControlOnlyRows(Twin twin, const CalculationInput& input, SharedRegis
     return false;
 }
 
-// Steps 6 and 7: the doses scaled so that the smallest is at least 1, each dose row
+// The doses scaled so that the smallest is at least 1, each dose row
 // written into the results Grid1 (dose, scaled dose, log dose, treated, corrected
 // response), and the sums of log dose and empirical probit for the provisional line.
 ProvisionalSums WriteDataTable(const CalculationInput& input, SharedRegisters& shared,
