@@ -49,7 +49,7 @@ class Rtvin {
     Rtvin& operator=(const Rtvin&) = delete;
 
     // --- The table of lines: "no.", "Line name", "File path"; an empty table has
-    // one blank row whose column 0 is blank.
+    // one blank row whose number is blank.
     TextTable Grid1;
 
     // --- Options, read directly by the comparison.

@@ -159,9 +159,9 @@ void LineResults::FormatEstimateTables() {
     shared_.Dose1Percent = shared_.WorkValue;
 }
 
-void LineResults::fitColumns(TextTable& grid, int margin01, int margin) {
+void LineResults::fitColumns(TextTable& grid, int lastNarrow, int narrowMargin, int margin) {
     for (int c = 0; c < grid.cols(); ++c) {
-        const int extra = c <= 1 ? margin01 : margin;  // the first two columns
+        const int extra = c <= lastNarrow ? narrowMargin : margin;
         double width = 100;
         for (int r = 0; r < grid.rows(); ++r) {
             const double wanted = measurer_.textWidth(grid.text(r, c)) + extra;
@@ -173,11 +173,11 @@ void LineResults::fitColumns(TextTable& grid, int margin01, int margin) {
 }
 
 void LineResults::FitDataColumns() {
-    fitColumns(tables_.Grid1, 325, 325);
+    fitColumns(tables_.Grid1, datacol::ScaledDose, 325, 325);
 }
 
 void LineResults::FitEstimateColumns() {
-    fitColumns(tables_.Grid2, 300, 600);
+    fitColumns(tables_.Grid2, estimatecol::Gap, 300, 600);
 }
 
 void LineResults::Activate() {
