@@ -75,6 +75,12 @@ int WholeNumber(std::string_view text) {
     return *n;
 }
 
+double ChiSquareValue(int degreesOfFreedom) {
+    if (degreesOfFreedom < 1 || degreesOfFreedom > 30)
+        throw Fault("the chi-square table has no row " + std::to_string(degreesOfFreedom));
+    return kChiSquare[static_cast<std::size_t>(degreesOfFreedom)];
+}
+
 }  // namespace
 
 const TextTable& TGrid() {
@@ -97,12 +103,6 @@ std::string TValueText(std::string_view degreesOfFreedomText, int levelIndex) {
             --row;
     }
     return grid.text(row, column);
-}
-
-double ChiSquareValue(int degreesOfFreedom) {
-    if (degreesOfFreedom < 1 || degreesOfFreedom > 30)
-        throw Fault("the chi-square table has no row " + std::to_string(degreesOfFreedom));
-    return kChiSquare[static_cast<std::size_t>(degreesOfFreedom)];
 }
 
 std::string TabulatedChiSquare(int degreesOfFreedom) {

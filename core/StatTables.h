@@ -24,7 +24,6 @@ std::string TValueText(std::string_view degreesOfFreedomText, int levelIndex);
 
 // The 5% critical value of chi-square for the degrees of freedom, as text: 1..30
 // their own row, more than 30 the row of 30. Fewer than 1 is a fault.
-double ChiSquareValue(int degreesOfFreedom);  // 1..30
 std::string TabulatedChiSquare(int degreesOfFreedom);
 
 // 5% critical value of r for 1..30 degrees of freedom (21 to 29 interpolated
