@@ -213,9 +213,9 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
         return provisional;
 
     const int n = results.Grid1.rows() - 1;
-    const CycleSums cycles = RunCycles(results.Grid1, n, shared);
-    WriteExpectedValues(results.Grid1, n, shared);
-    WriteStatistics(results, n, cycles, input.tAlpha, shared);
+    const CycleSums cycles = RunCycles(results.Grid1, n, shared.fit, shared.probit);
+    WriteExpectedValues(results.Grid1, n, shared.fit, shared.probit);
+    WriteStatistics(results, n, cycles, input.tAlpha, shared.fit);
 
     if (channel) {
         channel(1);

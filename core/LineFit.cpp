@@ -19,9 +19,7 @@ const char* const kGNotice =
 
 }  // namespace
 
-CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& shared) {
-    FitResult& fit = shared.fit;
-    ProbitTables& probit = shared.probit;
+CycleSums RunCycles(const TextTable& grid1, int doseRows, FitResult& fit, ProbitTables& probit) {
     std::vector<double> last(static_cast<std::size_t>(doseRows) + 1, 0.0);
     CycleSums out;
     int counter = 0;
@@ -76,21 +74,19 @@ CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& share
     }
 }
 
-void WriteExpectedValues(TextTable& grid1, int doseRows, SharedRegisters& shared) {
-    const FitResult& fit = shared.fit;
+void WriteExpectedValues(TextTable& grid1, int doseRows, const FitResult& fit,
+                         ProbitTables& probit) {
     for (int k = 1; k <= doseRows; ++k) {
         const double x = NumberOf(grid1.text(k, datacol::LogDose));
         const double expected = (x - fit.MeanLogDose) * fit.Slope + fit.MeanProbit;
         grid1.setText(k, datacol::LinearProbit, FormatNumber(expected, "0.0000"));
         // Written as the transform gives it, "out of scale" included.
-        grid1.setText(k, datacol::LinearResponse,
-                      shared.probit.ProbitToPercent(PlainText(expected)));
+        grid1.setText(k, datacol::LinearResponse, probit.ProbitToPercent(PlainText(expected)));
     }
 }
 
 void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums, int tAlpha,
-                     SharedRegisters& shared) {
-    FitResult& fit = shared.fit;
+                     FitResult& fit) {
     const int df = doseRows - 2;
     fit.DegreesOfFreedom = static_cast<std::int16_t>(df);
     if (df <= 0)

@@ -281,7 +281,7 @@ struct Statistics {
         shared.fit.SumSquaresLogDose = 1.96 * 1.96 / g;
         sums.Sxy = shared.fit.SumSquaresLogDose;
         sums.Syy = sums.Sxy * sums.Sxy / shared.fit.SumSquaresLogDose + (homogeneous ? 1 : 50);
-        WriteStatistics(results, doseRows, sums, 1, shared);
+        WriteStatistics(results, doseRows, sums, 1, shared.fit);
     }
 };
 
@@ -325,7 +325,7 @@ TEST(Statistics, ChiSquareEqualToTheTabulatedValueIsRed) {
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{7.8, 0};  // chi-square 7.8 at 3 df, the tabulated value
-    WriteStatistics(results, 5, sums, 1, shared);
+    WriteStatistics(results, 5, sums, 1, shared.fit);
     EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Value), "7.8000");
     EXPECT_EQ(results.Grid22.fore(statrow::ChiSquare, statcol::Value), kRed);
     EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  7.8");
@@ -338,7 +338,7 @@ TEST(Statistics, MoreThanThirtyDegreesOfFreedom) {
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{20, 0};
-    WriteStatistics(results, 35, sums, 0, shared);
+    WriteStatistics(results, 35, sums, 0, shared.fit);
     EXPECT_EQ(shared.fit.DegreesOfFreedom, 33);
     EXPECT_EQ(results.Grid22.text(statrow::P, statcol::Value), "0");
     EXPECT_EQ(results.Grid22.text(statrow::R, statcol::Tabulated), "as it was");
@@ -354,10 +354,10 @@ TEST(Statistics, APOfOneHalfShowsPlainAndTheRatioWithFourDecimals) {
     // Two degrees of freedom: p = exp(-chi/2) = 0.5 at chi = 2 ln 2; the ratio is
     // ln 2 = 0.6931. A chi-square of 1 at 2 df gives a ratio of one half.
     CycleSums sums{2 * 0.6931471805599453, 0};
-    WriteStatistics(results, 4, sums, 1, shared);
+    WriteStatistics(results, 4, sums, 1, shared.fit);
     EXPECT_EQ(results.Grid22.text(statrow::P, statcol::Value), "0.5");
     CycleSums half{1, 0};
-    WriteStatistics(results, 4, half, 1, shared);
+    WriteStatistics(results, 4, half, 1, shared.fit);
     EXPECT_EQ(results.Grid22.text(statrow::H, statcol::Value), "0.5000");
 }
 
@@ -367,7 +367,7 @@ TEST(Statistics, ANegativeChiSquareIsNotCorrected) {
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{-0.00001, 0};
-    WriteStatistics(results, 4, sums, 1, shared);  // 2 df: the series needs no root
+    WriteStatistics(results, 4, sums, 1, shared.fit);  // 2 df: the series needs no root
     EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Value), "0.0000");
     EXPECT_EQ(shared.fit.ChiSquare, -0.00001);
 }
@@ -386,7 +386,7 @@ TEST(Cycles, TotalsAreRoundedHalvesToEven) {
             grid1.setText(k, datacol::Treated, total);
             grid1.setText(k, datacol::Observed, responses[k - 1]);
         }
-        RunCycles(grid1, 3, shared);
+        RunCycles(grid1, 3, shared.fit, shared.probit);
         return shared.fit.SumWeights;
     };
     EXPECT_EQ(weights("100.5"), weights("100"));
@@ -405,7 +405,7 @@ TEST(Cycles, AllExpectedProbitsOutsideTheTableIsReportedNotAnEnd) {
         grid1.setText(k, datacol::Treated, "10");
         grid1.setText(k, datacol::Observed, "50.000");
     }
-    EXPECT_THROW(RunCycles(grid1, 3, shared), Fault);
+    EXPECT_THROW(RunCycles(grid1, 3, shared.fit, shared.probit), Fault);
 }
 
 TEST(Cycles, AReverseSlopeMayGiveOutOfScaleExpectedResponses) {
@@ -417,7 +417,7 @@ TEST(Cycles, AReverseSlopeMayGiveOutOfScaleExpectedResponses) {
     const char* logs[] = {"0.0000", "1.0000", "2.0000"};
     for (int k = 1; k <= 3; ++k)
         grid1.setText(k, datacol::LogDose, logs[k - 1]);
-    WriteExpectedValues(grid1, 3, shared);
+    WriteExpectedValues(grid1, 3, shared.fit, shared.probit);
     EXPECT_EQ(grid1.text(1, datacol::LinearProbit), "9.0000");
     EXPECT_EQ(grid1.text(1, datacol::LinearResponse), "out of scale");
     EXPECT_EQ(grid1.text(2, datacol::LinearResponse), "50");

@@ -414,7 +414,7 @@ class StatisticsTableTest : public LineResultsTest {
         CycleSums sums;
         sums.Syy = syy;
         sums.Sxy = sxy;
-        WriteStatistics(results.tables(), doses, sums, 1, shared);
+        WriteStatistics(results.tables(), doses, sums, 1, shared.fit);
         results.Text1(1);
     }
 };
