@@ -145,6 +145,15 @@ void ResultsWindow::nameWidgets() {
     command10_->setObjectName("Command10");
     command11_->setObjectName("Command11");
     command15_->setObjectName("Command15");
+    label1_->setObjectName("Label1");
+    label4_->setObjectName("Label4");
+    label9_->setObjectName("Label9");
+    label14_->setObjectName("Label14");
+    label17_->setObjectName("Label17");
+    label18_->setObjectName("Label18");
+    frame1_->setObjectName("Frame1");
+    frame5_->setObjectName("Frame5");
+    frame6_->setObjectName("Frame6");
 }
 
 // The views let go of the tables and the chart before the results that hold them go.

@@ -41,8 +41,9 @@ class ResultsWindow : public QWidget {
     void showTables();
     // Activation: the chart is drawn, then the captions that follow the line's words.
     void Activate();
+
     // The widgets carry the names of the window's controls as object names ("Grid1",
-    // "Text3", "Command11", ...), by which tests find them.
+    // "Text3", "Command11", "PictureFig", ...), by which tests find them.
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
