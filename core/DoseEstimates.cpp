@@ -20,10 +20,9 @@ struct FormatLevels {
     const char* otherwise;
 };
 
-void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
-    const double v = shared.WorkValue;
+std::optional<std::string> FormatByLevels(double v, const FormatLevels& levels) {
     if (v == 0)
-        return;  // WorkText keeps what it had; callers depend on it
+        return std::nullopt;
     const char* pattern = levels.otherwise;
     if (v > levels.upper || v < levels.lower) {
         pattern = levels.huge;
@@ -34,7 +33,19 @@ void ApplyFormat(SharedRegisters& shared, const FormatLevels& levels) {
     } else if (v < 1) {
         pattern = levels.below1;
     }
-    shared.WorkText = FormatNumber(v, pattern);
+    return FormatNumber(v, pattern);
+}
+
+constexpr FormatLevels kEstimateLevels{99999,    0.00001, "00000E+0", "0.000000",
+                                       "0.0000", "0.000", "0.000"};
+constexpr FormatLevels kTwoLevels{99999,    0.00001, "00000E+0", "0.00000",
+                                  "0.0000", "0.000", "0.000"};
+constexpr FormatLevels kFourLevels{999999, 0.000001, "0E+0", "0.000000", "0.0000", "0.00", "0"};
+
+// WorkText keeps what it had for a WorkValue of 0.
+void FormatIntoRegister(SharedRegisters& shared, const FormatLevels& levels) {
+    if (auto text = FormatByLevels(shared.WorkValue, levels))
+        shared.WorkText = std::move(*text);
 }
 
 // A limit on the log scale brought back to the user's units and rounded to four
@@ -80,40 +91,40 @@ void EstimateAtPercent(SharedRegisters& shared) {
         FiducialLimits(shared);
 }
 
-namespace {
-
-// Fieller's limits of the log estimate in LogEstimate: upper and lower, on the log scale.
-std::pair<double, double> LogLimits(const SharedRegisters& shared) {
-    const FitResult& fit = shared.fit;
-    const double m = shared.LogEstimate;
+LogLimits FiellerLogLimits(const FitResult& fit, double logEstimate) {
+    const double m = logEstimate;
     const double g = fit.GValue;
     const double b = fit.Slope;
     const double distance = m - fit.MeanLogDose;
-    // The factor h stands on the second term only.
-    const double s = std::sqrt(distance * distance / fit.SumSquaresLogDose +
-                               ((1 - g) / fit.SumWeights) * fit.HeterogeneityFactor);
-    const double e = (fit.TValue / ((1 - g) * b)) * s;
+    const double square = distance * distance / fit.SumSquaresLogDose +
+                          ((1 - g) / fit.SumWeights) * fit.HeterogeneityFactor;
+    const double e = (fit.TValue / ((1 - g) * b)) * std::sqrt(square);
     const double c = (g / (1 - g)) * distance + m;
-    std::pair<double, double> limits{c + e, c - e};
+    LogLimits limits{c - e, c + e, square < 0};
     if (b < 0)
-        std::swap(limits.first, limits.second);
+        std::swap(limits.upper, limits.lower);
     return limits;
 }
 
-}  // namespace
-
-void FiducialLimits(SharedRegisters& shared) {
-    const FitResult& fit = shared.fit;
-    std::tie(shared.UpperLimit, shared.LowerLimit) = LogLimits(shared);
+DoseLimits FiducialLimitsOf(const FitResult& fit, double logEstimate) {
+    const LogLimits limits = FiellerLogLimits(fit, logEstimate);
+    DoseLimits out{limits.lower, limits.upper};
     // An overflowing power ends the routine where it stands, as an error inside the
     // estimate would: the limits keep what they hold at that point.
     double upper = 0, lower = 0;
-    if (!LimitFromLog(shared.UpperLimit, fit.DoseScale, upper))
-        return;
-    shared.UpperLimit = upper;
-    if (!LimitFromLog(shared.LowerLimit, fit.DoseScale, lower))
-        return;
-    shared.LowerLimit = lower;
+    if (!LimitFromLog(out.upper, fit.DoseScale, upper))
+        return out;
+    out.upper = upper;
+    if (!LimitFromLog(out.lower, fit.DoseScale, lower))
+        return out;
+    out.lower = lower;
+    return out;
+}
+
+void FiducialLimits(SharedRegisters& shared) {
+    const DoseLimits limits = FiducialLimitsOf(shared.fit, shared.LogEstimate);
+    shared.UpperLimit = limits.upper;
+    shared.LowerLimit = limits.lower;
 }
 
 bool EstimateOverflowed(const SharedRegisters& shared) {
@@ -124,8 +135,8 @@ bool EstimateOverflowed(const SharedRegisters& shared) {
         return true;
     if (!(fit.GValue < 0.4))
         return false;
-    const auto [upper, lower] = LogLimits(shared);
-    return std::isinf(PowerOfTen(upper)) || std::isinf(PowerOfTen(lower));
+    const LogLimits limits = FiellerLogLimits(fit, shared.LogEstimate);
+    return std::isinf(PowerOfTen(limits.upper)) || std::isinf(PowerOfTen(limits.lower));
 }
 
 bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {
@@ -145,16 +156,28 @@ bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {
     return true;
 }
 
+std::optional<std::string> FormatEstimateText(double value) {
+    return FormatByLevels(value, kEstimateLevels);
+}
+
+std::optional<std::string> FormatTwoLevelsText(double value) {
+    return FormatByLevels(value, kTwoLevels);
+}
+
+std::optional<std::string> FormatFourLevelsText(double value) {
+    return FormatByLevels(value, kFourLevels);
+}
+
 void FormatEstimate(SharedRegisters& shared) {
-    ApplyFormat(shared, {99999, 0.00001, "00000E+0", "0.000000", "0.0000", "0.000", "0.000"});
+    FormatIntoRegister(shared, kEstimateLevels);
 }
 
 void FormatTwoLevels(SharedRegisters& shared) {
-    ApplyFormat(shared, {99999, 0.00001, "00000E+0", "0.00000", "0.0000", "0.000", "0.000"});
+    FormatIntoRegister(shared, kTwoLevels);
 }
 
 void FormatFourLevels(SharedRegisters& shared) {
-    ApplyFormat(shared, {999999, 0.000001, "0E+0", "0.000000", "0.0000", "0.00", "0"});
+    FormatIntoRegister(shared, kFourLevels);
 }
 
 }  // namespace morvane

@@ -7,18 +7,13 @@
 // the result comes back in WorkValue, LogEstimate, UpperLimit, LowerLimit or
 // WorkText. The fitted line in shared.fit must be valid.
 
+#include <optional>
+#include <string>
+
 #include "core/SharedRegisters.h"
 #include "core/UserPort.h"
 
 namespace morvane {
-
-// One value with its limits as the tables show it; limits of 0 mean none.
-struct DoseEstimate {
-    double percent = 0;
-    double value = 0;
-    double lower = 0;
-    double upper = 0;
-};
 
 // WorkValue: a percent in, the dose out (rounded to four decimals, in the user's
 // units). Sets LogEstimate and, when g is below 0.4, the limits; otherwise the
@@ -26,8 +21,29 @@ struct DoseEstimate {
 // limits as they were.
 void EstimateAtPercent(SharedRegisters& shared);
 
-// Limits for the log estimate in LogEstimate, into UpperLimit and LowerLimit,
-// rounded to four decimals in the user's units.
+// Fieller's limits on the log10 scale of the scaled dose for the log estimate m:
+// c +/- e with c = m + g / (1 - g) * (m - MeanLogDose) and
+// e = t / ((1 - g) b) * sqrt((m - MeanLogDose)^2 / Sxx + (1 - g) / SumWeights * h),
+// the factor h on the second term only; swapped for a negative slope. Plain arithmetic: a square
+// below 0 gives limits that are no number and sets negativeSquare.
+struct LogLimits {
+    double lower = 0;
+    double upper = 0;
+    bool negativeSquare = false;
+};
+LogLimits FiellerLogLimits(const FitResult& fit, double logEstimate);
+
+// The fiducial limits of the log estimate in the user's units, rounded to four
+// decimals. A limit whose power of ten overflows stops the conversion there: that
+// limit and the ones after it (the upper limit comes first) stay on the log scale.
+struct DoseLimits {
+    double lower = 0;
+    double upper = 0;
+};
+DoseLimits FiducialLimitsOf(const FitResult& fit, double logEstimate);
+
+// Limits for the log estimate in LogEstimate, into UpperLimit and LowerLimit, as
+// FiducialLimitsOf gives them.
 void FiducialLimits(SharedRegisters& shared);
 
 // Whether the last EstimateAtPercent could not bring its estimate or one of its limits
@@ -40,8 +56,13 @@ bool EstimateOverflowed(const SharedRegisters& shared);
 // and WorkValue holds the probit.
 bool ResponseAtDose(SharedRegisters& shared, UserPort& port);
 
-// The format rules: WorkValue rendered into WorkText by its size. A WorkValue of 0
-// leaves WorkText as it was.
+// The format rules: the text of a value by its size. A value of 0 has no text.
+std::optional<std::string> FormatEstimateText(double value);
+std::optional<std::string> FormatTwoLevelsText(double value);
+std::optional<std::string> FormatFourLevelsText(double value);
+
+// The same rules on the registers: WorkValue rendered into WorkText. A WorkValue of
+// 0 leaves WorkText as it was, and callers depend on that carry-over.
 void FormatEstimate(SharedRegisters& shared);
 void FormatTwoLevels(SharedRegisters& shared);
 void FormatFourLevels(SharedRegisters& shared);

@@ -88,26 +88,6 @@ struct Text {
 
 using DrawOp = std::variant<draw::Clear, draw::Line, draw::Box, draw::Point, draw::Text>;
 
-// Measures text for logic that lays out pages. The shell measures with the real
-// fonts; ApproximateTextMeasure serves tests and the command line.
-class TextMeasure {
-  public:
-    virtual ~TextMeasure() = default;
-    virtual double textWidth(const std::string& text, const TextFont& font) const = 0;
-    virtual double textHeight(const TextFont& font) const = 0;
-};
-
-// Half an em for each character and 1.2 em of line height.
-class ApproximateTextMeasure : public TextMeasure {
-  public:
-    double textWidth(const std::string& text, const TextFont& font) const override {
-        return static_cast<double>(text.size()) * font.points * kTwipsPerPoint * 0.5;
-    }
-    double textHeight(const TextFont& font) const override {
-        return font.points * kTwipsPerPoint * 1.2;
-    }
-};
-
 class Drawing {
   public:
     Drawing() = default;
@@ -148,9 +128,6 @@ class Drawing {
     void box(double x1, double y1, double x2, double y2, Color color = kBlack) {
         ops_.push_back(draw::Box{x1, y1, x2, y2, color, false, penWidth_, penStyle_});
     }
-    void fillBox(double x1, double y1, double x2, double y2, Color color) {
-        ops_.push_back(draw::Box{x1, y1, x2, y2, color, true, penWidth_, penStyle_});
-    }
     void point(double x, double y, Color color = kBlack) {
         ops_.push_back(draw::Point{x, y, color, penWidth_});
         currentX_ = x;
@@ -161,8 +138,6 @@ class Drawing {
         currentX_ = x;
         currentY_ = y;
     }
-    double currentX() const { return currentX_; }
-    double currentY() const { return currentY_; }
 
     // Text with its top left corner at the current position, in the current font.
     // The position stays where it was: callers place each text.

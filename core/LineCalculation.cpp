@@ -81,52 +81,57 @@ CalculationOutcome RefuseIllegalSlope(Twin twin, SharedRegisters& shared, UserPo
     return CalculationOutcome::Refused;
 }
 
-CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedRegisters& shared,
-                             ResultsTables& results, UserPort& port,
-                             const ResultsChannel& channel) {
+// The batch twin refuses a table with fewer than three doses; the other twin is
+// never pressed then.
+bool RefuseTooFewDoses(Twin twin, const CalculationInput& input, SharedRegisters& shared) {
+    if (twin == Twin::Line || CalculateEnabled(input.responses, input.controlPerTreatment))
+        return false;
+    shared.BatchMessage = "Can't calculate " + shared.BatchName;
+    shared.BatchFailed = 1;
+    return true;
+}
+
+// In the paired layout a dose whose replicates hold only control values has no
+// corrected response: the data are refused.
+bool RefuseControlOnlyRows(Twin twin, const CalculationInput& input, SharedRegisters& shared,
+                           UserPort& port) {
+    if (!input.controlPerTreatment)
+        return false;
+    const TextTable& grid2 = input.responses;
+    const int lastColumn = grid2.cols() - 1;
+    for (int row = 1; row < grid2.rows(); ++row) {
+        if (!grid2.text(row, lastColumn).empty())
+            continue;
+        if (twin == Twin::Line) {
+            port.tell("Morvane detected missing data\nline no. " + RowNumber(row) +
+                      " which is labeled " + grid2.text(row, 0) +
+                      "\nhas only control value.\nPlease add treated value or remove all "
+                      "the replicates of this point.");
+        } else {
+            // BatchFailed is left as it was: the comparison sees no failure here.
+            shared.BatchMessage = "Can't calculate " + shared.BatchName;
+        }
+        return true;
+    }
+    return false;
+}
+
+// The doses scaled so that the smallest is at least 1, each dose row
+// written into the results Grid1 (dose, scaled dose, log dose, treated, corrected
+// response), and the sums of log dose and empirical probit for the provisional line.
+ProvisionalSums WriteDataTable(const CalculationInput& input, SharedRegisters& shared,
+                               ResultsTables& results) {
     const TextTable& grid2 = input.responses;
     FitResult& fit = shared.fit;
-
-    if (twin == Twin::File && !CalculateEnabled(grid2, input.controlPerTreatment)) {
-        shared.BatchMessage = "Can't calculate " + shared.BatchName;
-        shared.BatchFailed = 1;
-        return CalculationOutcome::Refused;
-    }
-
-    fit.SumWeights = 0;
-    if (ValidateResponses(input, twin == Twin::Line, shared, port) == 1)
-        return CalculationOutcome::Refused;
-
     const int lastColumn = grid2.cols() - 1;
-    if (input.controlPerTreatment) {
-        for (int row = 1; row < grid2.rows(); ++row) {
-            if (!grid2.text(row, lastColumn).empty())
-                continue;
-            if (twin == Twin::Line) {
-                port.tell("Morvane detected missing data\nline no. " + RowNumber(row) +
-                          " which is labeled " + grid2.text(row, 0) +
-                          "\nhas only control value.\nPlease add treated value or remove all "
-                          "the replicates of this point.");
-            } else {
-                // BatchFailed is left as it was: the comparison sees no failure here.
-                shared.BatchMessage = "Can't calculate " + shared.BatchName;
-            }
-            return CalculationOutcome::Refused;
-        }
-    }
-
-    results.Caption = "Results, " + input.fileTitle;
-    ProbitTables& probit = shared.probit;
-
     fit.DoseScale = 1;
     const int c = input.controlPerTreatment ? 0 : 1;
-    results.Grid1.setCols(7);
+    results.Grid1.setCols(datacol::Count);
     results.Grid1.setRows(grid2.rows() - c);
-    const int n = results.Grid1.rows() - 1;
-    if (results.Grid22.rows() < 6)
-        results.Grid22.setRows(6);
-    if (results.Grid22.cols() < 3)
-        results.Grid22.setCols(3);
+    if (results.Grid22.rows() < statrow::Count)
+        results.Grid22.setRows(statrow::Count);
+    if (results.Grid22.cols() < statcol::Count)
+        results.Grid22.setCols(statcol::Count);
 
     fit.DoseScale = ScaleForSmallestDose(grid2.text(c + 1, 0));
 
@@ -134,16 +139,17 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
     for (int i = c + 1; i < grid2.rows(); ++i) {
         const int k = i - c;
         const std::string& dose = grid2.text(i, 0);
-        results.Grid1.setText(k, 0, dose);
+        results.Grid1.setText(k, datacol::Dose, dose);
         const double x = NumberOf(dose) * fit.DoseScale;
-        results.Grid1.setText(k, 1, PlainText(x));
+        results.Grid1.setText(k, datacol::ScaledDose, PlainText(x));
         if (!(x > 0))
             throw Fault("the dose " + dose + " has no logarithm");
         const double logDose = Log10(x);
-        results.Grid1.setText(k, 2, FormatNumber(logDose, "0.0000"));
-        results.Grid1.setText(k, 3, grid2.text(i, 1));
-        results.Grid1.setText(k, 4, grid2.text(i, lastColumn));
-        const double probitValue = NumberOf(probit.PercentToProbit(grid2.text(i, lastColumn)));
+        results.Grid1.setText(k, datacol::LogDose, FormatNumber(logDose, "0.0000"));
+        results.Grid1.setText(k, datacol::Treated, grid2.text(i, 1));
+        results.Grid1.setText(k, datacol::Observed, grid2.text(i, lastColumn));
+        const double probitValue =
+            NumberOf(shared.probit.PercentToProbit(grid2.text(i, lastColumn)));
         sums.Sx += logDose;
         sums.Sy += probitValue;
         sums.Sxx += logDose * logDose;
@@ -151,8 +157,16 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
         sums.X.push_back(logDose);
         sums.Y.push_back(probitValue);
     }
+    return sums;
+}
 
-    // The provisional line: an unweighted regression of the empirical probits.
+// The provisional line: an unweighted regression of the empirical probits on log
+// dose, with its correlation. A line whose log doses are all equal is refused as an
+// illegal slope; otherwise the slope tests decide.
+CalculationOutcome FitProvisionalLine(Twin twin, const ProvisionalSums& sums,
+                                      SharedRegisters& shared, UserPort& port) {
+    FitResult& fit = shared.fit;
+    const int n = static_cast<int>(sums.X.size());
     fit.MeanLogDose = sums.Sx / n;
     fit.MeanProbit = sums.Sy / n;
     double sdxy = 0, sdx2 = 0, sdy2 = 0;
@@ -178,21 +192,37 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
     if (d == 0)
         return RefuseIllegalSlope(twin, shared, port);
     fit.Slope = (sums.Sxy - sums.Sx * sums.Sy / n) / d;
+    return TestSlope(twin, fit.Slope, shared, port);
+}
 
-    const CalculationOutcome tested = TestSlope(twin, fit.Slope, shared, port);
-    if (tested != CalculationOutcome::Completed)
-        return tested;
+CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedRegisters& shared,
+                             ResultsTables& results, UserPort& port,
+                             const ResultsChannel& channel) {
+    if (RefuseTooFewDoses(twin, input, shared))
+        return CalculationOutcome::Refused;
+    shared.fit.SumWeights = 0;
+    if (ValidateResponses(input, twin == Twin::Line, shared, port) == 1)
+        return CalculationOutcome::Refused;
+    if (RefuseControlOnlyRows(twin, input, shared, port))
+        return CalculationOutcome::Refused;
 
-    const CycleSums cycles = RunCycles(results.Grid1, n, shared);
-    WriteExpectedValues(results.Grid1, n, shared);
-    WriteStatistics(results, n, cycles, input.tAlpha, shared);
+    results.Caption = "Results, " + input.fileTitle;
+    const ProvisionalSums sums = WriteDataTable(input, shared, results);
+    const CalculationOutcome provisional = FitProvisionalLine(twin, sums, shared, port);
+    if (provisional != CalculationOutcome::Completed)
+        return provisional;
+
+    const int n = results.Grid1.rows() - 1;
+    const CycleSums cycles = RunCycles(results.Grid1, n, shared.fit, shared.probit);
+    WriteExpectedValues(results.Grid1, n, shared.fit, shared.probit);
+    WriteStatistics(results, n, cycles, input.tAlpha, shared.fit);
 
     if (channel) {
         channel(1);
         channel(2);
         channel(5);
     }
-    probit.reset();
+    shared.probit.reset();
     return CalculationOutcome::Completed;
 }
 

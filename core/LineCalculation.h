@@ -17,23 +17,12 @@
 #include <functional>
 #include <string>
 
+#include "core/ResultsTables.h"
 #include "core/SharedRegisters.h"
 #include "core/TextTable.h"
 #include "core/UserPort.h"
 
 namespace morvane {
-
-// The tables of the results window as the calculation leaves them: Grid1 the
-// data table (7 columns), Grid22 the statistics (6 rows, 3 columns), Grid2 the
-// estimates, which the results module builds; Text8 the notice under Grid22.
-struct ResultsTables {
-    TextTable Grid1;
-    TextTable Grid22{6, 3};
-    TextTable Grid2;
-    std::string Text8;
-    std::string Grid2ToolTip;
-    std::string Caption;
-};
 
 // What the calculation reads: the response table (Grid2 of the input window, cell
 // texts and the red foreground of corrected cells), the layout, the t level and the

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "core/Fault.h"
-#include "core/LineCalculation.h"
 #include "core/NumberText.h"
+#include "core/ResultsTables.h"
+#include "core/StatTables.h"
 
 namespace morvane {
 namespace {
@@ -18,9 +19,7 @@ const char* const kGNotice =
 
 }  // namespace
 
-CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& shared) {
-    FitResult& fit = shared.fit;
-    ProbitTables& probit = shared.probit;
+CycleSums RunCycles(const TextTable& grid1, int doseRows, FitResult& fit, ProbitTables& probit) {
     std::vector<double> last(static_cast<std::size_t>(doseRows) + 1, 0.0);
     CycleSums out;
     int counter = 0;
@@ -30,13 +29,13 @@ CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& share
         double snx = 0, snxx = 0, sny = 0, snyy = 0, snxy = 0;
         for (int k = 1; k <= doseRows; ++k) {
             // The log dose as written in its cell, to four decimals.
-            const double x = NumberOf(grid1.text(k, 2));
+            const double x = NumberOf(grid1.text(k, datacol::LogDose));
             const double expected = (x - fit.MeanLogDose) * fit.Slope + fit.MeanProbit;
-            const auto total = RoundHalfEven32(NumberOf(grid1.text(k, 3)));
+            const auto total = RoundHalfEven32(NumberOf(grid1.text(k, datacol::Treated)));
             if (!total)
-                throw Fault("the total " + grid1.text(k, 3) + " overflows");
+                throw Fault("the total " + grid1.text(k, datacol::Treated) + " overflows");
             probit.setWorkingExpected(PlainText(expected));
-            probit.setWorkingResponse(grid1.text(k, 4));
+            probit.setWorkingResponse(grid1.text(k, datacol::Observed));
             const double w = NumberOrZero(probit.WorkingWeight());
             const double nw = *total * w;
             const double y = NumberOrZero(probit.WorkingValue());
@@ -75,20 +74,19 @@ CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& share
     }
 }
 
-void WriteExpectedValues(TextTable& grid1, int doseRows, SharedRegisters& shared) {
-    const FitResult& fit = shared.fit;
+void WriteExpectedValues(TextTable& grid1, int doseRows, const FitResult& fit,
+                         ProbitTables& probit) {
     for (int k = 1; k <= doseRows; ++k) {
-        const double x = NumberOf(grid1.text(k, 2));
+        const double x = NumberOf(grid1.text(k, datacol::LogDose));
         const double expected = (x - fit.MeanLogDose) * fit.Slope + fit.MeanProbit;
-        grid1.setText(k, 6, FormatNumber(expected, "0.0000"));
+        grid1.setText(k, datacol::LinearProbit, FormatNumber(expected, "0.0000"));
         // Written as the transform gives it, "out of scale" included.
-        grid1.setText(k, 5, shared.probit.ProbitToPercent(PlainText(expected)));
+        grid1.setText(k, datacol::LinearResponse, probit.ProbitToPercent(PlainText(expected)));
     }
 }
 
 void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums, int tAlpha,
-                     SharedRegisters& shared) {
-    FitResult& fit = shared.fit;
+                     FitResult& fit) {
     const int df = doseRows - 2;
     fit.DegreesOfFreedom = static_cast<std::int16_t>(df);
     if (df <= 0)
@@ -96,7 +94,7 @@ void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums
     const double chi = sums.Syy - sums.Sxy * sums.Sxy / fit.SumSquaresLogDose;
     fit.ChiSquare = chi;
     const std::string dfText = std::to_string(df);
-    const std::string tabulatedText = shared.chisq.lookup(dfText);
+    const std::string tabulatedText = TabulatedChiSquare(df);
     const double tabulated = NumberOrZero(tabulatedText);
     const bool homogeneous = tabulated > chi;
     const double ratio = chi / df;
@@ -112,34 +110,32 @@ void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums
         throw Fault("the sum of squares of log dose is negative, so the slope has no error");
     fit.SlopeError = std::sqrt(1 / fit.SumSquaresLogDose);
     double p = 0;
-    if (df <= 30) {
-        shared.WorkValue = chi;
-        ChiSquareProbability(shared);
-        p = NumberOf(FormatNumber(shared.WorkValue, "0.0000"));
-    }
+    if (df <= 30)
+        p = NumberOf(FormatNumber(ChiSquareProbability(chi, df), "0.0000"));
 
     TextTable& g22 = results.Grid22;
-    g22.setText(5, 1, FormatNumber(fit.Correlation, "0.0000"));
+    using statcol::Tabulated, statcol::Value;
+    g22.setText(statrow::R, Value, FormatNumber(fit.Correlation, "0.0000"));
     if (df <= 30)
-        g22.setText(5, 2, "tabulated  " + PlainText(CriticalR(df)));
-    g22.setText(0, 1, FormatNumber(fit.Slope, "0.0000"));
-    g22.setText(0, 2, "+/-  " + FormatNumber(fit.SlopeError, "0.0000"));
-    g22.setText(1, 1, FormatNumber(chi, "0.0000"));
-    g22.setFore(1, 1, homogeneous ? std::nullopt : std::optional<Color>(kRed));
-    g22.setText(1, 2, "tabulated  " + tabulatedText);
-    g22.setText(2, 1, PlainText(p));
-    g22.setText(3, 1, FormatNumber(ratio, "0.0000"));
-    g22.setText(4, 1, FormatNumber(fit.GValue, "0.0000"));
-    g22.setFore(4, 1, fit.GValue > 0.4 ? std::optional<Color>(kRed) : std::nullopt);
+        g22.setText(statrow::R, Tabulated, "tabulated  " + PlainText(CriticalR(df)));
+    g22.setText(statrow::Slope, Value, FormatNumber(fit.Slope, "0.0000"));
+    g22.setText(statrow::Slope, Tabulated, "+/-  " + FormatNumber(fit.SlopeError, "0.0000"));
+    g22.setText(statrow::ChiSquare, Value, FormatNumber(chi, "0.0000"));
+    g22.setFore(statrow::ChiSquare, Value, homogeneous ? std::nullopt : std::optional<Color>(kRed));
+    g22.setText(statrow::ChiSquare, Tabulated, "tabulated  " + tabulatedText);
+    g22.setText(statrow::P, Value, PlainText(p));
+    g22.setText(statrow::H, Value, FormatNumber(ratio, "0.0000"));
+    g22.setText(statrow::G, Value, FormatNumber(fit.GValue, "0.0000"));
+    g22.setFore(statrow::G, Value, fit.GValue > 0.4 ? std::optional<Color>(kRed) : std::nullopt);
     if (fit.GValue > 0.4) {
         results.Text8 = kGNotice;
         results.Grid2ToolTip = kGNotice;
     }
 }
 
-void ChiSquareProbability(SharedRegisters& shared) {
-    const double x = shared.WorkValue;
-    const int m = shared.fit.DegreesOfFreedom;
+double ChiSquareProbability(double chiSquare, int degreesOfFreedom) {
+    const double x = chiSquare;
+    const int m = degreesOfFreedom;
     double s = std::exp(-x / 2);
     if (m % 2 == 1) {
         if (x < 0)
@@ -158,7 +154,7 @@ void ChiSquareProbability(SharedRegisters& shared) {
         j += 2;
         s += term;
     }
-    shared.WorkValue = 1 - s;
+    return 1 - s;
 }
 
 }  // namespace morvane

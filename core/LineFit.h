@@ -10,27 +10,27 @@ namespace morvane {
 
 struct ResultsTables;
 
-// Refits the provisional line held in shared.fit on the rows 1..N of the results
-// Grid1 (log dose in column 2 as written, total in column 3, corrected response in
-// column 4): at most 21 passes, until no row's gap between working and expected
-// probit moves by more than 0.000001. Leaves Syy and Sxy of the last pass.
+// Refits the provisional line held in fit on the rows 1..N of the results
+// Grid1 (the log dose as written, the number treated, the corrected response): at most 21 passes,
+// until no row's gap between working and expected probit moves by more than 0.000001. Leaves Syy
+// and Sxy of the last pass.
 struct CycleSums {
     double Syy = 0;
     double Sxy = 0;
 };
-CycleSums RunCycles(const TextTable& grid1, int doseRows, SharedRegisters& shared);
+CycleSums RunCycles(const TextTable& grid1, int doseRows, FitResult& fit, ProbitTables& probit);
 
-// Columns 5 and 6 of Grid1: the expected response and probit of each row.
-void WriteExpectedValues(TextTable& grid1, int doseRows, SharedRegisters& shared);
+// The linear response and probit of each row of Grid1, from the fitted line.
+void WriteExpectedValues(TextTable& grid1, int doseRows, const FitResult& fit,
+                         ProbitTables& probit);
 
 // Chi-square, h, t, g, the slope's error and p, written into Grid22, and the notice
 // of a g above 0.4.
 void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums, int tAlpha,
-                     SharedRegisters& shared);
+                     FitResult& fit);
 
-// Upper tail probability of chi-square: WorkValue holds chi-square on entry and the
-// probability on return, for the fit's degrees of freedom. A series for the lower
-// tail: a chi-square of 0 or above about 1490 gives 1.
-void ChiSquareProbability(SharedRegisters& shared);
+// Upper tail probability of chi-square for the degrees of freedom, by a series for
+// the lower tail: a chi-square of 0 or above about 1490 gives 1.
+double ChiSquareProbability(double chiSquare, int degreesOfFreedom);
 
 }  // namespace morvane

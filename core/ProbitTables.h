@@ -40,7 +40,6 @@ class ProbitTables {
     // Each write runs the transform as the boxes' change handlers do.
     void setWorkingExpected(std::string_view expectedProbitText);
     void setWorkingResponse(std::string_view responsePercentText);
-    const std::string& workingExpected() const { return text3_; }
     const std::string& workingResponse() const { return text4_; }
 
     const std::string& PercentProbit() const { return percentProbit_; }

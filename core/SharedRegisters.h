@@ -11,7 +11,6 @@
 #include <string>
 
 #include "core/ProbitTables.h"
-#include "core/StatTables.h"
 
 namespace morvane {
 
@@ -55,10 +54,9 @@ struct SharedRegisters {
     std::int16_t BatchFailed = 0;
     std::string BatchMessage;
 
-    // The library forms: the probit transforms and the chi-square lookup keep their
-    // outputs between calls.
+    // The probit transforms keep their outputs between calls, like the library form
+    // they model.
     ProbitTables probit;
-    ChiSquareTable chisq;
 };
 
 }  // namespace morvane

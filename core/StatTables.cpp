@@ -75,6 +75,12 @@ int WholeNumber(std::string_view text) {
     return *n;
 }
 
+double ChiSquareValue(int degreesOfFreedom) {
+    if (degreesOfFreedom < 1 || degreesOfFreedom > 30)
+        throw Fault("the chi-square table has no row " + std::to_string(degreesOfFreedom));
+    return kChiSquare[static_cast<std::size_t>(degreesOfFreedom)];
+}
+
 }  // namespace
 
 const TextTable& TGrid() {
@@ -99,26 +105,8 @@ std::string TValueText(std::string_view degreesOfFreedomText, int levelIndex) {
     return grid.text(row, column);
 }
 
-double ChiSquareTable::Value(int degreesOfFreedom) {
-    if (degreesOfFreedom < 1 || degreesOfFreedom > 30)
-        throw Fault("the chi-square table has no row " + std::to_string(degreesOfFreedom));
-    return kChiSquare[static_cast<std::size_t>(degreesOfFreedom)];
-}
-
-const std::string& ChiSquareTable::lookup(std::string_view degreesOfFreedomText) {
-    if (text_ == degreesOfFreedomText)
-        return label_;
-    text_ = std::string(degreesOfFreedomText);
-    if (text_.empty()) {
-        label_.clear();
-        return label_;
-    }
-    const int n = WholeNumber(text_);
-    if (n < 31 && n >= 1)
-        label_ = PlainText(Value(n));
-    if (n >= 30)
-        label_ = PlainText(Value(30));
-    return label_;
+std::string TabulatedChiSquare(int degreesOfFreedom) {
+    return PlainText(ChiSquareValue(degreesOfFreedom < 30 ? degreesOfFreedom : 30));
 }
 
 double CriticalR(int degreesOfFreedom) {

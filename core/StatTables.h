@@ -22,20 +22,9 @@ const TextTable& TGrid();
 // text gives an empty result.
 std::string TValueText(std::string_view degreesOfFreedomText, int levelIndex);
 
-// The chi-square lookup. It keeps its output like the library form it models:
-// degrees of freedom below 1 leave the previous output as it was.
-class ChiSquareTable {
-  public:
-    static double Value(int degreesOfFreedom);  // 1..30
-    // Writes the degrees of freedom as text and returns the output text.
-    const std::string& lookup(std::string_view degreesOfFreedomText);
-    const std::string& output() const { return label_; }
-    void reset() { text_.clear(), label_.clear(); }
-
-  private:
-    std::string text_;
-    std::string label_;
-};
+// The 5% critical value of chi-square for the degrees of freedom, as text: 1..30
+// their own row, more than 30 the row of 30. Fewer than 1 is a fault.
+std::string TabulatedChiSquare(int degreesOfFreedom);
 
 // 5% critical value of r for 1..30 degrees of freedom (21 to 29 interpolated
 // between 20, 25 and 30, as stored).

@@ -10,15 +10,16 @@
 
 namespace morvane {
 
-// Brings the log doses of Grid2 (columns 2, 3 and 8, each on its line's own scale)
-// to the scale of the largest DoseScale, into columns 5, 6 and 9, and writes into
-// row 0 of those columns the probits of "From", "To" and the sorted percentage.
+// Brings the log doses of Grid2 (LogFrom, LogTo and LogSorted, each on its line's own
+// scale) to the scale of the largest DoseScale, into CommonFrom, CommonTo and
+// CommonSorted, and writes into row 0 of those columns the probits of "From", "To"
+// and the sorted percentage.
 // The largest factor becomes shared.fit.DoseScale, which the chart then uses.
 void BringToCommonScale(const Rtvin& rtvin, Rtvout& rtvout, SharedRegisters& shared);
 
-// ChartLogMin and ChartLogMax: the least and greatest of columns 5 and 6 of Grid2
-// (the drawn ends; column 9 is not looked at), the greatest raised to the next whole
-// number.
+// ChartLogMin and ChartLogMax: the least and greatest of CommonFrom and CommonTo of
+// Grid2 (the drawn ends; CommonSorted is not looked at), the greatest raised to the
+// next whole number.
 void FindChartRange(Rtvout& rtvout);
 
 }  // namespace morvane

@@ -11,8 +11,6 @@ namespace morvane {
 namespace {
 
 constexpr int kCentred = 4;
-constexpr int kEstimateColumn = 2;
-constexpr int kNameColumn = 1;
 
 int AddColumn(TextTable& grid, const std::string& header) {
     const int col = grid.cols();
@@ -33,8 +31,8 @@ struct Reference {
 Reference FindReference(const ListControl& combo, const Rtvin& rtvin, const Rtvout& rtvout) {
     const TextTable& grid = rtvout.Grid1;
     auto take = [&](int row) {
-        return Reference{NumberOrZero(grid.text(row, kEstimateColumn)),
-                         grid.text(row, kNameColumn)};
+        return Reference{NumberOrZero(grid.text(row, resultcol::Estimate)),
+                         grid.text(row, resultcol::LineName)};
     };
     if (combo.listIndex == 0)
         return take(1);
@@ -43,7 +41,7 @@ Reference FindReference(const ListControl& combo, const Rtvin& rtvin, const Rtvo
     Reference found;
     const std::string& wanted = combo.selectedText();
     for (int row = 1; row < grid.rows(); ++row)
-        if (grid.text(row, kNameColumn) == wanted)
+        if (grid.text(row, resultcol::LineName) == wanted)
             found = take(row);
     return found;
 }
@@ -60,8 +58,8 @@ void SetUpResultColumns(const Rtvin& rtvin, Rtvout& rtvout) {
     TextTable& grid = rtvout.Grid1;
     ResultColumns& columns = rtvout.columns;
     columns = ResultColumns{};
-    grid.setCols(3);
-    grid.setText(0, kEstimateColumn, rtvin.Combo1.text + rtvin.Text1.text);
+    grid.setCols(resultcol::Fixed);
+    grid.setText(0, resultcol::Estimate, rtvin.Combo1.text + rtvin.Text1.text);
     // Each column is added after the last one, in the order of the options.
     if (rtvin.Check3.checked) {
         columns.LowerColumn = AddColumn(grid, "Lower limit");
@@ -98,7 +96,7 @@ void SortLines(Rtvout& rtvout) {
     const int key = rtvout.columns.SortKeyColumn;
     const int last = grid1.rows() - 1;
     for (int row = 1; row <= last; ++row) {
-        const double estimate = NumberOrZero(grid1.text(row, kEstimateColumn));
+        const double estimate = NumberOrZero(grid1.text(row, resultcol::Estimate));
         // The hundredth root squeezes every dose that can occur into a band around 1,
         // so that the key has one digit before the point.
         std::string text = FormatNumber(std::pow(estimate, 0.01), "0.000000000000");
@@ -150,9 +148,9 @@ void FillToxicityIndex(const Rtvin& rtvin, Rtvout& rtvout, SharedRegisters& shar
     const Reference reference = FindReference(rtvin.Combo3, rtvin, rtvout);
     TextTable& grid = rtvout.Grid1;
     for (int row = 1; row < grid.rows(); ++row) {
-        const double estimate = NumberOrZero(grid.text(row, kEstimateColumn));
+        const double estimate = NumberOrZero(grid.text(row, resultcol::Estimate));
         if (estimate == 0)
-            throw Fault("the line " + grid.text(row, kNameColumn) +
+            throw Fault("the line " + grid.text(row, resultcol::LineName) +
                         " has an estimate of 0, so its toxicity index divides by zero");
         WriteFormatted(grid, row, rtvout.columns.IndexColumn, reference.value / estimate * 100,
                        shared);
@@ -167,7 +165,7 @@ void FillResistanceRatio(const Rtvin& rtvin, Rtvout& rtvout, SharedRegisters& sh
         throw Fault("the reference line " + reference.name +
                     " has an estimate of 0, so the resistance ratio divides by zero");
     for (int row = 1; row < grid.rows(); ++row) {
-        const double estimate = NumberOrZero(grid.text(row, kEstimateColumn));
+        const double estimate = NumberOrZero(grid.text(row, resultcol::Estimate));
         WriteFormatted(grid, row, rtvout.columns.RatioColumn, estimate / reference.value, shared);
     }
     if (!rtvout.Label1.empty())

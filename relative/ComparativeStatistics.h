@@ -22,7 +22,7 @@ namespace morvane {
 // further percentage, and the hidden sort key (width 0). Added columns are centred.
 void SetUpResultColumns(const Rtvin& rtvin, Rtvout& rtvout);
 
-// Orders the lines by the estimate in column 2: the key is the estimate to the power
+// Orders the lines by their estimate (resultcol::Estimate): the key is the estimate to the power
 // 0.01 written with twelve decimals, so that a comparison of texts orders the doses.
 // Grid1 and Grid2 are sorted on the same key text, which keeps their rows paired;
 // ties keep their order. A dose of 10 to the power 100 or more sorts wrongly: that

@@ -15,13 +15,38 @@
 namespace morvane {
 namespace {
 
-// The comparison stops here; BatchMessage holds the text to tell.
-struct BatchStopped {};
-
-void FailWith(SharedRegisters& shared, std::string message) {
+// A fault ends the comparison: BatchMessage holds the text to tell.
+void Fail(SharedRegisters& shared, std::string message) {
     shared.BatchMessage = std::move(message);
     shared.BatchFailed = 1;
-    throw BatchStopped{};
+}
+
+// What the comparison notes of the words of its lines, told after the results.
+struct LineWords {
+    std::string lastUnits;
+    bool unitsDiffer = false;
+    std::string oddAbbreviations;
+};
+
+void NoteWords(const SharedRegisters& shared, const Rtvin& rtvin, const std::string& name,
+               LineWords& words) {
+    if (shared.EstimateWord != rtvin.Combo1.text)
+        words.oddAbbreviations += name + ", ";
+    // Files without units are neutral: the comparison is with the last file that had
+    // any.
+    const std::string& units = shared.UnitWord;
+    if (!units.empty() && !words.lastUnits.empty() && units != words.lastUnits)
+        words.unitsDiffer = true;
+    if (!units.empty())
+        words.lastUnits = units;
+}
+
+void ReportProgress(const BatchHooks& hooks, int line, int lines, const std::string& name) {
+    if (!hooks.progress)
+        return;
+    const double share = static_cast<double>(line) / lines * 100;
+    hooks.progress(BatchProgress{line, lines, name, static_cast<int>(std::nearbyint(share)),
+                                 "Opening and calculating " + name});
 }
 
 // The estimate at a percentage of the line just calculated, as its cell text.
@@ -40,7 +65,7 @@ void CopyLineResults(Rtvin& rtvin, Rtvout& out, int row, SharedRegisters& shared
     const FitResult& fit = shared.fit;
 
     const std::string& estimate = EstimateText(NumberOf(rtvin.Text1.text), shared);
-    grid1.setText(row, 2, estimate);
+    grid1.setText(row, resultcol::Estimate, estimate);
     grid2.setText(row, grid2col::Estimate, estimate);
 
     // A line with g of 0.4 or more keeps both limit cells empty.
@@ -95,120 +120,141 @@ std::string OddAbbreviationsWarning(const std::string& names, const std::string&
            "\nis not the same as your suggested abbreviation " + abbreviation;
 }
 
+namespace {
+
+// The things RunComparison works with, so that its steps need not pass them one by one.
+struct Batch {
+    Rtvin& rtvin;
+    Rtvout& out;
+    SharedRegisters& shared;
+    LineCalculator& calculator;
+    UserPort& port;
+    const BatchHooks& hooks;
+    LineWords words;
+};
+
+// Opens and calculates line `i` of the table of lines and copies its figures into a
+// new row of the results. False when the line failed; BatchMessage says why.
+bool AddLine(Batch& batch, int i, int lines) {
+    Rtvout& out = batch.out;
+    SharedRegisters& shared = batch.shared;
+    // Each grid keeps one spare row at its end.
+    out.Grid1.addRow();
+    out.Grid2.addRow();
+    const int row = out.Grid1.rows() - 2;
+    out.Grid1.setCurrent(row, resultcol::LineName);
+    out.Grid2.setCurrent(row, grid2col::Estimate);
+
+    // Blank rows are not skipped: their empty path fails to open.
+    TextTable& table = batch.rtvin.Grid1;
+    table.setCurrent(i, linecol::Name);
+    const std::string name = table.text(i, linecol::Name);
+    shared.BatchName = name;
+    out.Grid1.setText(row, resultcol::LineName, name);
+    ReportProgress(batch.hooks, i, lines, name);
+
+    try {
+        batch.calculator.OpenLineForBatch(table.text(i, linecol::Path), shared);
+        if (shared.BatchFailed)
+            return false;
+        batch.calculator.CalculateFile(shared, batch.port);
+        if (shared.BatchFailed)
+            return false;
+        NoteWords(shared, batch.rtvin, name, batch.words);
+        CopyLineResults(batch.rtvin, out, row, shared);
+        return true;
+    } catch (const Fault& fault) {
+        Fail(shared, "Can't calculate " + name + ":\n" + fault.what());
+    } catch (const std::out_of_range& error) {
+        Fail(shared, "Can't calculate " + name + ":\n" + error.what());
+    }
+    return false;
+}
+
+// Once every line stands in the results: the pens, the sort, the common dose scale
+// and the drawn range, the ranks, then the comparisons the options ask for. False
+// on a fault; BatchMessage says what it was.
+bool CompareLines(Batch& batch, int lines) {
+    Rtvin& rtvin = batch.rtvin;
+    Rtvout& out = batch.out;
+    SharedRegisters& shared = batch.shared;
+    // Pens go by position in the table order, before the sort.
+    LinePens pens = AssignLinePens(lines, out.Grid1.rows());
+    out.LineColors = std::move(pens.colors);
+    out.LineStyles = std::move(pens.styles);
+
+    out.Grid1.setRows(out.Grid1.rows() - 1);
+    out.Grid2.setRows(out.Grid2.rows() - 1);
+
+    try {
+        SortLines(out);
+        for (int row = 1; row < out.Grid1.rows(); ++row) {
+            const double estimate = NumberOrZero(out.Grid1.text(row, resultcol::Estimate));
+            out.Grid1.setText(row, resultcol::Estimate, PlainText(estimate));
+        }
+        BringToCommonScale(rtvin, out, shared);
+        FindChartRange(out);
+        for (int row = 1; row < out.Grid1.rows(); ++row)
+            out.Grid1.setText(row, resultcol::Number, std::to_string(row));
+        // This order fixes the order of the texts in Label1.
+        if (rtvin.Check1.checked)
+            MarkOverlaps(out);
+        if (rtvin.Check4.checked)
+            FillToxicityIndex(rtvin, out, shared);
+        if (rtvin.Check5.checked)
+            FillResistanceRatio(rtvin, out, shared);
+        return true;
+    } catch (const Fault& fault) {
+        Fail(shared, CalculationFaultMessage(fault.what()));
+    } catch (const std::out_of_range& error) {
+        Fail(shared, CalculationFaultMessage(error.what()));
+    }
+    return false;
+}
+
+void EndPanel(Rtvin& rtvin) {
+    rtvin.panelVisible = false;
+    rtvin.enabled = true;
+}
+
+}  // namespace
+
 BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator& calculator,
                            UserPort& port, const BatchHooks& hooks) {
     rtvin.enabled = false;
     rtvin.panelVisible = true;
     Rtvout& out = rtvin.LoadRtvout();
-    auto endPanel = [&rtvin] {
-        rtvin.panelVisible = false;
-        rtvin.enabled = true;
-    };
 
     rtvin.CheckLineLimits(port);
     if (rtvin.LimitsInvalid) {
         rtvin.LimitsInvalid = false;
         rtvin.UnloadRtvout();
-        endPanel();
+        EndPanel(rtvin);
         rtvin.focus = RtvinFocus::Text4;
         return BatchOutcome::LimitsInvalid;
     }
 
     SetUpResultColumns(rtvin, out);
     shared.BatchFailed = 0;
-    std::string lastUnits;
-    bool unitsDiffer = false;
-    std::string oddAbbreviations;
+    Batch batch{rtvin, out, shared, calculator, port, hooks, {}};
     const int lines = rtvin.Grid1.rows() - 1;
-
-    try {
-        for (int i = 1; i <= lines; ++i) {
-            // Each grid keeps one spare row at its end.
-            out.Grid1.addRow();
-            out.Grid2.addRow();
-            const int row = out.Grid1.rows() - 2;
-            out.Grid1.setCurrent(row, 1);
-            out.Grid2.setCurrent(row, 1);
-
-            // Blank rows are not skipped: their empty path fails to open.
-            rtvin.Grid1.setCurrent(i, 1);
-            const std::string name = rtvin.Grid1.text(i, 1);
-            shared.BatchName = name;
-            out.Grid1.setText(row, 1, name);
-            if (hooks.progress) {
-                const double share = static_cast<double>(i) / lines * 100;
-                hooks.progress(BatchProgress{i, lines, name,
-                                             static_cast<int>(std::nearbyint(share)),
-                                             "Opening and calculating " + name});
-            }
-
-            try {
-                calculator.OpenLineForBatch(rtvin.Grid1.text(i, 2), shared);
-                if (shared.BatchFailed)
-                    throw BatchStopped{};
-                calculator.CalculateFile(shared, port);
-                if (shared.BatchFailed)
-                    throw BatchStopped{};
-
-                if (shared.EstimateWord != rtvin.Combo1.text)
-                    oddAbbreviations += name + ", ";
-                // Files without units are neutral: the comparison is with the last
-                // file that had any.
-                if (!shared.UnitWord.empty() && !lastUnits.empty() && shared.UnitWord != lastUnits)
-                    unitsDiffer = true;
-                if (!shared.UnitWord.empty())
-                    lastUnits = shared.UnitWord;
-
-                CopyLineResults(rtvin, out, row, shared);
-            } catch (const Fault& fault) {
-                FailWith(shared, "Can't calculate " + name + ":\n" + fault.what());
-            } catch (const std::out_of_range& error) {
-                FailWith(shared, "Can't calculate " + name + ":\n" + error.what());
-            }
-        }
-
-        // Pens go by position in the table order, before the sort.
-        LinePens pens = AssignLinePens(lines, out.Grid1.rows());
-        out.LineColors = std::move(pens.colors);
-        out.LineStyles = std::move(pens.styles);
-
-        out.Grid1.setRows(out.Grid1.rows() - 1);
-        out.Grid2.setRows(out.Grid2.rows() - 1);
-
-        try {
-            SortLines(out);
-            for (int row = 1; row < out.Grid1.rows(); ++row)
-                out.Grid1.setText(row, 2, PlainText(NumberOrZero(out.Grid1.text(row, 2))));
-            BringToCommonScale(rtvin, out, shared);
-            FindChartRange(out);
-            for (int row = 1; row < out.Grid1.rows(); ++row)
-                out.Grid1.setText(row, 0, std::to_string(row));
-            // This order fixes the order of the texts in Label1.
-            if (rtvin.Check1.checked)
-                MarkOverlaps(out);
-            if (rtvin.Check4.checked)
-                FillToxicityIndex(rtvin, out, shared);
-            if (rtvin.Check5.checked)
-                FillResistanceRatio(rtvin, out, shared);
-        } catch (const Fault& fault) {
-            FailWith(shared, CalculationFaultMessage(fault.what()));
-        } catch (const std::out_of_range& error) {
-            FailWith(shared, CalculationFaultMessage(error.what()));
-        }
-    } catch (const BatchStopped&) {
+    bool calculated = true;
+    for (int i = 1; i <= lines && calculated; ++i)
+        calculated = AddLine(batch, i, lines);
+    if (!calculated || !CompareLines(batch, lines)) {
         port.tell(shared.BatchMessage);
         rtvin.UnloadRtvout();
-        endPanel();
+        EndPanel(rtvin);
         return BatchOutcome::Failed;
     }
 
-    endPanel();
+    EndPanel(rtvin);
     if (hooks.showResults)
         hooks.showResults();
-    if (unitsDiffer)
+    if (batch.words.unitsDiffer)
         port.tell(UnitsDifferWarning());
-    if (!oddAbbreviations.empty())
-        port.tell(OddAbbreviationsWarning(oddAbbreviations, rtvin.Combo1.text));
+    if (!batch.words.oddAbbreviations.empty())
+        port.tell(OddAbbreviationsWarning(batch.words.oddAbbreviations, rtvin.Combo1.text));
     return BatchOutcome::Shown;
 }
 

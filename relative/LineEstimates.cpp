@@ -1,7 +1,6 @@
 #include "relative/LineEstimates.h"
 
 #include <cmath>
-#include <utility>
 
 #include "core/DoseEstimates.h"
 #include "core/Fault.h"
@@ -52,27 +51,17 @@ void LineEstimateAtPercent(SharedRegisters& shared, bool logOnly) {
 
 void LineFiducialLimits(SharedRegisters& shared) {
     const FitResult& fit = shared.fit;
-    const double m = shared.LogEstimate;
-    const double g = fit.GValue;
-    const double b = fit.Slope;
     if (fit.SumSquaresLogDose == 0)
         throw Fault("the sum of squares of log dose is 0, so the limits divide by zero");
     if (fit.SumWeights == 0)
         throw Fault("the sum of weights is 0, so the limits divide by zero");
-    if (b == 0)
+    if (fit.Slope == 0)
         throw Fault("the slope is 0, so the limits divide by zero");
-    const double distance = m - fit.MeanLogDose;
-    const double square = distance * distance / fit.SumSquaresLogDose +
-                          (1 - g) / fit.SumWeights * fit.HeterogeneityFactor;
-    if (square < 0)
+    const LogLimits limits = FiellerLogLimits(fit, shared.LogEstimate);
+    if (limits.negativeSquare)
         throw Fault("the limits need the square root of a negative number");
-    const double d = std::sqrt(square);
-    const double h = fit.TValue / ((1 - g) * b) * d;
-    const double c = m + g / (1 - g) * distance;
-    double upper = c + h;
-    double lower = c - h;
-    if (b < 0)
-        std::swap(upper, lower);
+    const double upper = limits.upper;
+    const double lower = limits.lower;
     shared.UpperLimit = upper;
     shared.LowerLimit = lower;
     shared.UpperLimit = LimitThroughText(upper, shared, "upper");

@@ -1,8 +1,8 @@
 #pragma once
 // The estimates of one line of a comparison, taken from the fitted line in the shared
 // registers right after its file was calculated: the dose at a percentage and its
-// fiducial limits (Fieller's theorem as Finney gives it, with the heterogeneity
-// factor on the second term only), in the number format of the comparison tables.
+// fiducial limits (Fieller's theorem, FiellerLogLimits of core/DoseEstimates.h),
+// in the number format of the comparison tables.
 //
 // They talk through the shared registers as the estimates of one line do: the
 // percentage goes in WorkValue, the text comes back in WorkText.

@@ -34,14 +34,14 @@ std::optional<std::string> LineNameOfFile(const std::string& path) {
     return title.substr(0, title.size() - 4);
 }
 
-Rtvin::Rtvin() : Grid1(2, 3) {
-    Grid1.setText(0, 0, "no.");
-    Grid1.setText(0, 1, "Line name");
-    Grid1.setText(0, 2, "File path");
-    Grid1.setColumnWidth(0, 400);
-    Grid1.setColumnWidth(1, 1300);
-    Grid1.setColumnWidth(2, 4700);
-    Grid1.setCurrent(1, 2);
+Rtvin::Rtvin() : Grid1(2, linecol::Count) {
+    Grid1.setText(0, linecol::Number, "no.");
+    Grid1.setText(0, linecol::Name, "Line name");
+    Grid1.setText(0, linecol::Path, "File path");
+    Grid1.setColumnWidth(linecol::Number, 400);
+    Grid1.setColumnWidth(linecol::Name, 1300);
+    Grid1.setColumnWidth(linecol::Path, 4700);
+    Grid1.setCurrent(1, linecol::Path);
 
     Combo1 = ListControl{{"LD", "LC", "LT", "RD", "RC", "RT"}, 0, "LD", true};
     Text1.text = "50";
@@ -104,12 +104,12 @@ void Rtvin::Command1Click(UserPort& port) {
         }
         // The first file fills the blank row of an empty table; later files append.
         int row = Grid1.rows() - 1;
-        if (!Grid1.text(row, 0).empty()) {
+        if (!Grid1.text(row, linecol::Number).empty()) {
             Grid1.addRow();
             row = Grid1.rows() - 1;
         }
         Grid1.setCurrent(row, Grid1.currentCol());
-        Grid1.setText(row, 0, std::to_string(row));
+        Grid1.setText(row, linecol::Number, std::to_string(row));
         const auto name = LineNameOfFile(*path);
         if (!name) {
             // A title too short to lose its extension stops the loop, as a failing
@@ -118,9 +118,9 @@ void Rtvin::Command1Click(UserPort& port) {
                       std::strerror(EINVAL));
             return;
         }
-        Grid1.setText(row, 1, *name);
-        Grid1.setText(row, 2, *path);
-        Grid1.setCurrent(row, 2);
+        Grid1.setText(row, linecol::Name, *name);
+        Grid1.setText(row, linecol::Path, *path);
+        Grid1.setCurrent(row, linecol::Path);
         setLinesButtons(true);
     }
 }
@@ -129,8 +129,8 @@ void Rtvin::Command6Click() {
     if (Grid1.rows() == 2) {
         // The only row is blanked but keeps its number, so the next file appends.
         Grid1.setCurrent(1, Grid1.currentCol());
-        Grid1.setText(1, 1, "");
-        Grid1.setText(1, 2, "");
+        Grid1.setText(1, linecol::Name, "");
+        Grid1.setText(1, linecol::Path, "");
         setLinesButtons(false);
         RefreshReferenceLists();
         return;
@@ -138,14 +138,14 @@ void Rtvin::Command6Click() {
     const int removed = Grid1.currentRow();
     // Names and paths move up; the numbers stay with the row positions.
     for (int row = removed + 1; row < Grid1.rows(); ++row) {
-        Grid1.setText(row - 1, 1, Grid1.text(row, 1));
-        Grid1.setText(row - 1, 2, Grid1.text(row, 2));
+        Grid1.setText(row - 1, linecol::Name, Grid1.text(row, linecol::Name));
+        Grid1.setText(row - 1, linecol::Path, Grid1.text(row, linecol::Path));
     }
     Grid1.setRows(Grid1.rows() - 1);
     RefreshReferenceLists();
     const int selected = removed == 1 ? 1 : removed - 1;
     Grid1Click(selected);
-    Grid1.setCurrent(selected, 2);
+    Grid1.setCurrent(selected, linecol::Path);
 }
 
 void Rtvin::Command8Click(UserPort& port) {
@@ -168,12 +168,12 @@ void Rtvin::Command8Click(UserPort& port) {
 
 void Rtvin::Command9Click(UserPort& port) {
     const int row = Grid1.currentRow();
-    Grid1.setCurrent(row, 1);
-    const auto answer =
-        port.inputBox(InputRequest{"Set the new line name ", "New line name", Grid1.text(row, 1)});
+    Grid1.setCurrent(row, linecol::Name);
+    const auto answer = port.inputBox(
+        InputRequest{"Set the new line name ", "New line name", Grid1.text(row, linecol::Name)});
     if (!answer || answer->empty())
         return;
-    Grid1.setText(row, 1, *answer);
+    Grid1.setText(row, linecol::Name, *answer);
     RefreshReferenceLists();
 }
 
@@ -213,9 +213,9 @@ bool Rtvin::Unload(SharedRegisters& shared) {
 }
 
 void Rtvin::Grid1Click(int row) {
-    Grid1.setCurrent(row, 1);
-    Command6.hint = "Remove " + Grid1.text(row, 1);
-    Command9.hint = "Rename " + Grid1.text(row, 1);
+    Grid1.setCurrent(row, linecol::Name);
+    Command6.hint = "Remove " + Grid1.text(row, linecol::Name);
+    Command9.hint = "Rename " + Grid1.text(row, linecol::Name);
 }
 
 void Rtvin::RefreshReferenceLists() {
@@ -223,7 +223,7 @@ void Rtvin::RefreshReferenceLists() {
     Combo4.items = {kFirstOne};
     const int row = Grid1.currentRow();
     for (int r = 1; r < Grid1.rows(); ++r) {
-        const std::string& name = Grid1.text(r, 1);
+        const std::string& name = Grid1.text(r, linecol::Name);
         if (name.empty())
             continue;
         Combo3.items.push_back(name);
@@ -234,7 +234,7 @@ void Rtvin::RefreshReferenceLists() {
     Combo3.listIndex = 0;
     Combo4.listIndex = 0;
     // The walk leaves the grid on column 1 of the row it started from.
-    Grid1.setCurrent(row, 1);
+    Grid1.setCurrent(row, linecol::Name);
 }
 
 void Rtvin::TextMsg(const std::string& code, UserPort& port) {

@@ -28,6 +28,14 @@ namespace morvane {
 // The controls that can hold the focus after a handler has run.
 enum class RtvinFocus { Unchanged, Grid1, Combo1, Text1, Text2, Text3, Text4 };
 
+// Columns of the table of lines Grid1.
+namespace linecol {
+inline constexpr int Number = 0;  // "no.", the row's number
+inline constexpr int Name = 1;    // "Line name"
+inline constexpr int Path = 2;    // "File path"
+inline constexpr int Count = 3;
+}  // namespace linecol
+
 // Keys as the key filters see them.
 inline constexpr char kBackspaceKey = 8;
 inline constexpr char kReturnKey = 13;
@@ -41,7 +49,7 @@ class Rtvin {
     Rtvin& operator=(const Rtvin&) = delete;
 
     // --- The table of lines: "no.", "Line name", "File path"; an empty table has
-    // one blank row whose column 0 is blank.
+    // one blank row whose number is blank.
     TextTable Grid1;
 
     // --- Options, read directly by the comparison.

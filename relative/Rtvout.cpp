@@ -4,11 +4,11 @@
 
 namespace morvane {
 
-Rtvout::Rtvout() : Grid1(2, 3), Grid2(2, grid2col::Count) {
-    Grid1.setText(0, 0, "No");
-    Grid1.setText(0, 1, "Line name");
-    Grid1.setColumnAlignment(0, 1);
-    Grid1.setColumnAlignment(1, 1);
+Rtvout::Rtvout() : Grid1(2, resultcol::Fixed), Grid2(2, grid2col::Count) {
+    Grid1.setText(0, resultcol::Number, "No");
+    Grid1.setText(0, resultcol::LineName, "Line name");
+    Grid1.setColumnAlignment(resultcol::Number, 1);
+    Grid1.setColumnAlignment(resultcol::LineName, 1);
 }
 
 void SizeResultColumns(Rtvout& rtvout, const TextMeasurer& measurer) {

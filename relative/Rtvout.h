@@ -21,6 +21,15 @@
 
 namespace morvane {
 
+// The fixed columns of the results table Grid1; the columns after them are laid out
+// by SetUpResultColumns, as the options ask.
+namespace resultcol {
+inline constexpr int Number = 0;    // "No", the rank after the sort
+inline constexpr int LineName = 1;  // "Line name"
+inline constexpr int Estimate = 2;  // the estimate at the sorted percentage
+inline constexpr int Fixed = 3;     // the number of fixed columns
+}  // namespace resultcol
+
 // Column numbers of the results table, set by SetUpResultColumns. A number of 0
 // means the column was not laid out. PairColumns and AddedColumns are indexed from 1
 // (line i, item k of the further percentages); entry 0 is unused.
@@ -39,7 +48,7 @@ struct ResultColumns {
 // The columns of the hidden store Grid2: row 0 holds the probits of the drawn
 // percentages, rows 1 on one line each, log doses as the plain text of the double.
 namespace grid2col {
-inline constexpr int Estimate = 1;      // the estimate text, as in Grid1 column 2
+inline constexpr int Estimate = 1;      // the estimate text, as in Grid1
 inline constexpr int LogFrom = 2;       // log dose at "From", the line's own scale
 inline constexpr int LogTo = 3;         // log dose at "To", the line's own scale
 inline constexpr int DoseScale = 4;     // the line's dose factor

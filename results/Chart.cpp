@@ -98,7 +98,7 @@ void LogProbitChart::SetXAxis() {
     const FitResult& fit = shared_.fit;
     cycleShift_ = 0;
     // The decade of the first dose.
-    firstLogFloor_ = ChartFloor(NumberOf(grid1_.text(1, 2)));
+    firstLogFloor_ = ChartFloor(NumberOf(grid1_.text(1, datacol::LogDose)));
     if (adjustRange_) {
         // The lower end of the line: the smaller percent on a rising line, the
         // larger on a falling one.
@@ -109,8 +109,16 @@ void LogProbitChart::SetXAxis() {
 
     const double leftEnd = fit.DoseScale > 1 ? (1.0 / fit.DoseScale) / PowerOfTen(cycleShift_)
                                              : PowerOfTen(firstLogFloor_ - cycleShift_);
-    // The labels are the format rule's text; a value of 0 would leave the text of
-    // the call before, as the rule does.
+    CaptionDoseLabels(leftEnd);
+    ChooseCycles();
+    PlaceDoseLabels(leftEnd);
+    PlaceYLabels();
+}
+
+// The dose at the left end and at each inner cycle boundary. The labels are the
+// format rule's text; a value of 0 would leave the text of the call before, as the
+// rule does.
+void LogProbitChart::CaptionDoseLabels(double leftEnd) {
     shared_.WorkValue = leftEnd;
     FormatFourLevels(shared_);
     label10_.caption = shared_.WorkText;
@@ -119,10 +127,13 @@ void LogProbitChart::SetXAxis() {
         FormatFourLevels(shared_);
         label8_[static_cast<std::size_t>(i)].caption = shared_.WorkText;
     }
+}
 
+// The number of decades across the plot: Auto's choice by the slope, or the user's.
+void LogProbitChart::ChooseCycles() {
     int n = 0;
     if (autoCycles_) {
-        n = AutoCycles(fit.Slope);
+        n = AutoCycles(shared_.fit.Slope);
         cyclesText_ = std::to_string(n);
     } else {
         const double chosen = NumberOf(cyclesText_);
@@ -132,7 +143,12 @@ void LogProbitChart::SetXAxis() {
     }
     cycles_ = n;
     cycleWidth_ = plotWidth_ / n;
+}
 
+// Ticks and dose labels at the inner cycle boundaries, the right end's label, and
+// the thinning of crowded labels.
+void LogProbitChart::PlaceDoseLabels(double leftEnd) {
+    const int n = cycles_;
     for (int i = 0; i < kDoseLabels; ++i) {
         label7_[static_cast<std::size_t>(i)].left = kParkedTickLeft;
         label8_[static_cast<std::size_t>(i)].left = kParkedDoseLeft;
@@ -162,8 +178,6 @@ void LogProbitChart::SetXAxis() {
     }
     label11_.left = plotWidth_ - label11_.width / 2 + kDoseStripOffset;
     label10_.left = kDoseStripOffset - label10_.width / 2;
-
-    PlaceYLabels();
 }
 
 void LogProbitChart::PlaceYLabels() {
@@ -198,17 +212,18 @@ bool LogProbitChart::RedrawChart() {
 
         grid3_.setRows(grid1_.rows());
         for (int r = 1; r < grid1_.rows(); ++r) {
-            const double x = (NumberOf(grid1_.text(r, 2)) - logOrigin_) * cycleWidth_;
-            const double y = ChartY(NumberOf(grid1_.text(r, 6)), plotHeight_);
-            grid3_.setText(r, 0, PlainText(x));
-            grid3_.setText(r, 1, PlainText(y));
+            const double x =
+                (NumberOf(grid1_.text(r, datacol::LogDose)) - logOrigin_) * cycleWidth_;
+            const double y = ChartY(NumberOf(grid1_.text(r, datacol::LinearProbit)), plotHeight_);
+            grid3_.setText(r, pointcol::X, PlainText(x));
+            grid3_.setText(r, pointcol::Y, PlainText(y));
         }
         if (adjustRange_) {
             const std::string* ends[] = {&lowPercent_, &highPercent_};
             for (int row = 1; row <= 2; ++row) {
                 const double p = probitOf(*ends[row - 1]);
-                grid4_.setText(row, 0, PlainText(xOfLogDose(LineLogDose(p, fit))));
-                grid4_.setText(row, 1, PlainText(ChartY(p, plotHeight_)));
+                grid4_.setText(row, pointcol::X, PlainText(xOfLogDose(LineLogDose(p, fit))));
+                grid4_.setText(row, pointcol::Y, PlainText(ChartY(p, plotHeight_)));
             }
         }
         DrawPlot();
@@ -226,16 +241,16 @@ void LogProbitChart::DrawPlot() {
     const TextTable& source = adjustRange_ ? grid4_ : grid3_;
     std::vector<std::array<double, 2>> linePoints(static_cast<std::size_t>(source.rows()));
     for (int r = 1; r < source.rows(); ++r) {
-        for (int c = 0; c <= 1; ++c) {
+        for (int c = pointcol::X; c <= pointcol::Y; ++c) {
             const std::string& cell = source.text(r, c);
             if (cell.empty())
                 continue;
             auto& point = linePoints[static_cast<std::size_t>(r)];
             point[static_cast<std::size_t>(c)] = NumberOf(cell);
-            if (c == 1 && r > 1) {
+            if (c == pointcol::Y && r > 1) {
                 const auto& previous = linePoints[static_cast<std::size_t>(r - 1)];
-                drawing_.line(previous[0], plotHeight_ - previous[1], point[0],
-                              plotHeight_ - point[1], kBlack);
+                drawing_.line(previous[pointcol::X], plotHeight_ - previous[pointcol::Y],
+                              point[pointcol::X], plotHeight_ - point[pointcol::Y], kBlack);
             }
         }
     }
@@ -247,15 +262,16 @@ void LogProbitChart::DrawPlot() {
 void LogProbitChart::DrawPoints() {
     grid5_.setRows(grid1_.rows());
     for (int r = 1; r < grid1_.rows(); ++r) {
-        const double x = (NumberOf(grid1_.text(r, 2)) - logOrigin_ + cycleShift_) * cycleWidth_;
-        const double y = ChartY(probitOf(grid1_.text(r, 4)), plotHeight_);
-        grid5_.setText(r, 0, PlainText(x));
-        grid5_.setText(r, 1, PlainText(y));
+        const double logDose = NumberOf(grid1_.text(r, datacol::LogDose));
+        const double x = (logDose - logOrigin_ + cycleShift_) * cycleWidth_;
+        const double y = ChartY(probitOf(grid1_.text(r, datacol::Observed)), plotHeight_);
+        grid5_.setText(r, pointcol::X, PlainText(x));
+        grid5_.setText(r, pointcol::Y, PlainText(y));
     }
     drawing_.setPenWidth(3);
     for (int r = 1; r < grid5_.rows(); ++r) {
-        drawing_.point(NumberOf(grid5_.text(r, 0)), plotHeight_ - NumberOf(grid5_.text(r, 1)),
-                       kBlack);
+        drawing_.point(NumberOf(grid5_.text(r, pointcol::X)),
+                       plotHeight_ - NumberOf(grid5_.text(r, pointcol::Y)), kBlack);
     }
     drawing_.setPenWidth(1);
 }
@@ -281,6 +297,26 @@ void LogProbitChart::DrawMarks() {
             drawing_.print(mark);
         }
     }
+}
+
+std::vector<double> LogProbitChart::PercentRulings() const {
+    // A label stands centred on its percent in a strip that begins 75 above the plot.
+    std::vector<double> rulings;
+    for (int i = 1; i < kPercentLabels - 1; ++i) {
+        const ChartLabel& label = label12_[static_cast<std::size_t>(i)];
+        rulings.push_back(label.top + label.height / 2 - 75);
+    }
+    return rulings;
+}
+
+std::vector<LogProbitChart::CycleRule> LogProbitChart::CycleRulings() const {
+    std::vector<CycleRule> rulings;
+    for (const ChartLabel& tick : label7_) {
+        if (tick.left <= 0)
+            continue;  // parked out of sight
+        rulings.push_back({tick.left + tick.width / 2, tick.top});
+    }
+    return rulings;
 }
 
 void LogProbitChart::selectActualRangeAfterRefusal() {
@@ -412,6 +448,34 @@ ChartFocus LogProbitChart::enterInMarkPercent(UserPort& port) {
     if (!addMarkEnabled())
         return ChartFocus::None;
     return addMark(port);
+}
+
+ChartFocus LogProbitChart::leaveNumberBox(ChartFocus box, UserPort& port) {
+    std::string* text = nullptr;
+    if (box == ChartFocus::LowPercent)
+        text = &lowPercent_;
+    else if (box == ChartFocus::HighPercent)
+        text = &highPercent_;
+    else if (box == ChartFocus::MarkPercent)
+        text = &markPercent_;
+    if (text == nullptr || text->empty())
+        return ChartFocus::None;
+    const auto value = ParseNumber(*text);
+    if (!value) {
+        if (box != ChartFocus::MarkPercent)
+            port.tell("invaled value!");
+        return box;
+    }
+    const std::string plain = PlainText(*value);
+    if (plain == *text)
+        return ChartFocus::None;
+    if (box == ChartFocus::LowPercent)
+        setLowPercent(plain);
+    else if (box == ChartFocus::HighPercent)
+        setHighPercent(plain);
+    else
+        setMarkPercent(plain);
+    return ChartFocus::None;
 }
 
 void LogProbitChart::clickMark(int index) {

@@ -5,7 +5,7 @@
 // chosen response levels to the dose axis.
 //
 // This is the chart as logic. It reads the cell texts of the results data table
-// (log dose in column 2, observed percent in column 4, line probit in column 6) and
+// (the log dose, the observed percent and the linear probit of each row) and
 // the fitted line in the shared registers, and leaves
 //   - the drawing of the plot area (Picture1) as a list of operations in twips,
 //     origin top left, y downward; the plot keeps its own y upward and turns it over
@@ -24,11 +24,20 @@
 #include <vector>
 
 #include "core/Drawing.h"
+#include "core/ResultsTables.h"
 #include "core/SharedRegisters.h"
 #include "core/TextTable.h"
 #include "core/UserPort.h"
 
 namespace morvane {
+
+// Columns of the hidden coordinate tables Grid3, Grid4 and Grid5: a point a row from
+// row 1, in twips from the plot's bottom left corner, y upward.
+namespace pointcol {
+inline constexpr int X = 0;
+inline constexpr int Y = 1;
+inline constexpr int Count = 2;
+}  // namespace pointcol
 
 // A label of the chart: caption, place and design size in twips inside its strip.
 // The caption stands centred in the label's width.
@@ -120,8 +129,13 @@ class LogProbitChart {
     void setMarkPercent(const std::string& text);   // Text6 changed
     ChartFocus addMark(UserPort& port);             // Command7, Enter in Text6
     ChartFocus enterInMarkPercent(UserPort& port);  // Enter: only while Add is enabled
-    void clickMark(int index);                      // List1 click; -1 selects none
-    void deleteMark();                              // Command8
+    // Leaving a number box: Text4, Text5 or Text6 by the focus it stands for. An
+    // empty text stays; a number is rewritten as its plain text, as if typed; a text
+    // that is no number keeps the focus in its box, and the two limit boxes tell
+    // "invaled value!".
+    ChartFocus leaveNumberBox(ChartFocus box, UserPort& port);
+    void clickMark(int index);  // List1 click; -1 selects none
+    void deleteMark();          // Command8
 
     // State of the controls.
     bool autoCycles() const { return autoCycles_; }
@@ -140,8 +154,6 @@ class LogProbitChart {
     bool deleteMarkEnabled() const { return deleteMarkEnabled_; }  // Command8
 
     // The scale of the last drawing.
-    double PlotHeight() const { return plotHeight_; }
-    double PlotWidth() const { return plotWidth_; }
     double CycleWidth() const { return cycleWidth_; }
     double CycleShift() const { return cycleShift_; }
     double LogOrigin() const { return logOrigin_; }
@@ -161,6 +173,17 @@ class LogProbitChart {
     const ChartLabel& percentLabel(int i) const { return label12_.at(static_cast<std::size_t>(i)); }
     const ChartLabel& probitLabel(int j) const { return label13_.at(static_cast<std::size_t>(j)); }
 
+    // The ruling of the paper, in twips of the plot area, y downward: a line across
+    // the plot at each inner percent label (10% to 90%), and a line down it at each
+    // inner cycle boundary whose tick is placed, with the top of that tick.
+    struct CycleRule {
+        double x = 0;
+        double tickTop = 0;
+        friend bool operator==(const CycleRule&, const CycleRule&) = default;
+    };
+    std::vector<double> PercentRulings() const;
+    std::vector<CycleRule> CycleRulings() const;
+
     // The hidden coordinate tables: line points of the actual range (Grid3), of the
     // adjusted range (Grid4, rows 1 and 2) and the observed points (Grid5).
     const TextTable& Grid3() const { return grid3_; }
@@ -168,6 +191,11 @@ class LogProbitChart {
     const TextTable& Grid5() const { return grid5_; }
 
   private:
+    // The steps of SetXAxis.
+    void CaptionDoseLabels(double leftEnd);
+    void ChooseCycles();
+    void PlaceDoseLabels(double leftEnd);
+
     double probitOf(const std::string& percentText);
     double xOfLogDose(double logDose) const;
     void selectActualRangeAfterRefusal();
@@ -207,9 +235,9 @@ class LogProbitChart {
     ChartLabel label11_;
     std::array<ChartLabel, kPercentLabels> label12_;
     std::array<ChartLabel, kProbitLabels> label13_;
-    TextTable grid3_{0, 2};
-    TextTable grid4_{3, 2};
-    TextTable grid5_{0, 2};
+    TextTable grid3_{0, pointcol::Count};
+    TextTable grid4_{3, pointcol::Count};
+    TextTable grid5_{0, pointcol::Count};
 };
 
 }  // namespace morvane

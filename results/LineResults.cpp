@@ -26,6 +26,7 @@ constexpr Alignment kCentreTop = 3;
 constexpr int kDefaultWidth = -1;
 
 const char* const kStandardPercents[] = {"25", "50", "75", "90", "95", "99"};
+constexpr int kEstimateRows = estimaterow::First + 6;
 
 }  // namespace
 
@@ -35,9 +36,9 @@ LineResults::LineResults(SharedRegisters& shared, UserPort& port, const TextMeas
 }
 
 void LineResults::Load() {
-    tables_.Grid1 = TextTable(2, 7);
-    tables_.Grid22 = TextTable(6, 3);
-    tables_.Grid2 = TextTable(8, 5);
+    tables_.Grid1 = TextTable(2, datacol::Count);
+    tables_.Grid22 = TextTable(statrow::Count, statcol::Count);
+    tables_.Grid2 = TextTable(kEstimateRows, estimatecol::Count);
     tables_.Text8.clear();
     tables_.Grid2ToolTip.clear();
     tables_.Caption.clear();
@@ -78,30 +79,31 @@ ResultsChannel LineResults::channel() {
 
 void LineResults::FormatDataTable() {
     TextTable& grid = tables_.Grid1;
-    if (grid.cols() < 7)
-        grid.setCols(7);
+    if (grid.cols() < datacol::Count)
+        grid.setCols(datacol::Count);
     if (grid.rows() < 1)
         grid.setRows(1);
-    const int widths[7] = {350, 800, 800, kDefaultWidth, kDefaultWidth, 950, kDefaultWidth};
-    for (int c = 0; c < 7; ++c) {
+    const int widths[datacol::Count] = {350,           800, 800,          kDefaultWidth,
+                                        kDefaultWidth, 950, kDefaultWidth};
+    for (int c = 0; c < datacol::Count; ++c) {
         grid.setColumnWidth(c, widths[c]);
         grid.setColumnAlignment(c, kLeftCentre);
     }
     for (int c = 0; c < grid.cols(); ++c)
         grid.setCellAlignment(0, c, kCentreTop);
     for (int r = 1; r < grid.rows(); ++r)
-        grid.setCellAlignment(r, 0, kLeftCentre);
+        grid.setCellAlignment(r, datacol::Dose, kLeftCentre);
     grid.setRowHeight(0, 500);
 
     const std::string& dose = shared_.DoseWord;
     const std::string scale = std::to_string(shared_.fit.DoseScale);
-    grid.setText(0, 0, dose);
-    grid.setText(0, 1, dose + "\n*  " + scale);
-    grid.setText(0, 2, "Log\n(" + dose + "*" + scale + ")");
-    grid.setText(0, 3, "Treated");
-    grid.setText(0, 4, "Observed\nresponse %");
-    grid.setText(0, 5, "Linear\nresponse %");
-    grid.setText(0, 6, "Linear\nprobit");
+    grid.setText(0, datacol::Dose, dose);
+    grid.setText(0, datacol::ScaledDose, dose + "\n*  " + scale);
+    grid.setText(0, datacol::LogDose, "Log\n(" + dose + "*" + scale + ")");
+    grid.setText(0, datacol::Treated, "Treated");
+    grid.setText(0, datacol::Observed, "Observed\nresponse %");
+    grid.setText(0, datacol::LinearResponse, "Linear\nresponse %");
+    grid.setText(0, datacol::LinearProbit, "Linear\nprobit");
 
     headingSingle_ = {dose,           dose + " * " + scale,  "Log (" + dose + " * " + scale + ")",
                       "Treated",      "Observed response %", "Linear response %",
@@ -115,29 +117,31 @@ void LineResults::FormatEstimateTables() {
     // A new calculation starts the estimates table afresh, so the rows a user added
     // to the last one go with it.
     TextTable& grid = tables_.Grid2;
-    grid = TextTable(8, 5);
-    const int widths[5] = {650, 100, 1400, 1400, kDefaultWidth};
-    for (int c = 0; c < 5; ++c)
+    grid = TextTable(kEstimateRows, estimatecol::Count);
+    const int widths[estimatecol::Count] = {650, 100, 1400, 1400, kDefaultWidth};
+    for (int c = 0; c < estimatecol::Count; ++c)
         grid.setColumnWidth(c, widths[c]);
-    for (int c = 2; c < 5; ++c)
+    for (int c = estimatecol::Dose; c <= estimatecol::Upper; ++c) {
         grid.setColumnAlignment(c, kLeftCentre);
-    grid.setText(0, 0, shared_.EstimateWord);
-    grid.setText(0, 2, shared_.DoseWord);
-    grid.setText(0, 3, "Lower limit");
-    grid.setText(0, 4, "Upper limit");
-    for (int c = 2; c < 5; ++c)
-        grid.setText(1, c, shared_.UnitWord);
+        grid.setText(estimaterow::Units, c, shared_.UnitWord);
+    }
+    grid.setText(0, estimatecol::Percent, shared_.EstimateWord);
+    grid.setText(0, estimatecol::Dose, shared_.DoseWord);
+    grid.setText(0, estimatecol::Lower, "Lower limit");
+    grid.setText(0, estimatecol::Upper, "Upper limit");
     for (int i = 0; i < 6; ++i)
-        grid.setText(i + 2, 0, kStandardPercents[i]);
+        grid.setText(estimaterow::First + i, estimatecol::Percent, kStandardPercents[i]);
 
-    for (int r = 2; r < 8; ++r) {
-        shared_.WorkValue = NumberOf(grid.text(r, 0));
+    for (int r = estimaterow::First; r < kEstimateRows; ++r) {
+        shared_.WorkValue = NumberOf(grid.text(r, estimatecol::Percent));
         EstimateAtPercent(shared_);
-        RefuseOverflowedEstimate(shared_, grid.text(r, 0));
-        grid.setText(r, 2, PlainText(shared_.WorkValue));
+        RefuseOverflowedEstimate(shared_, grid.text(r, estimatecol::Percent));
+        grid.setText(r, estimatecol::Dose, PlainText(shared_.WorkValue));
         // A limit of 0 is a limit that was not computed: the cell stays empty.
-        grid.setText(r, 3, shared_.LowerLimit == 0 ? "" : PlainText(shared_.LowerLimit));
-        grid.setText(r, 4, shared_.UpperLimit == 0 ? "" : PlainText(shared_.UpperLimit));
+        grid.setText(r, estimatecol::Lower,
+                     shared_.LowerLimit == 0 ? "" : PlainText(shared_.LowerLimit));
+        grid.setText(r, estimatecol::Upper,
+                     shared_.UpperLimit == 0 ? "" : PlainText(shared_.UpperLimit));
         grid.setRowHeight(r, 400);
     }
     shared_.Dose99Percent = shared_.WorkValue;
@@ -145,21 +149,21 @@ void LineResults::FormatEstimateTables() {
     queries_.setEstimateCaptions();
 
     TextTable& stats = tables_.Grid22;
-    if (stats.rows() < 6)
-        stats.setRows(6);
-    if (stats.cols() < 3)
-        stats.setCols(3);
-    stats.setText(0, 0, "Slope");
-    stats.setPicture(1, 0, kChiSquarePicture);
-    stats.setText(2, 0, "p");
-    stats.setText(3, 0, "h");
-    stats.setText(4, 0, "g");
-    stats.setText(5, 0, "r");
-    stats.setColumnWidth(0, 700);
-    stats.setColumnWidth(1, 1400);
-    stats.setColumnWidth(2, 1500);
-    stats.setColumnAlignment(1, kLeftCentre);
-    stats.setColumnAlignment(2, kLeftCentre);
+    if (stats.rows() < statrow::Count)
+        stats.setRows(statrow::Count);
+    if (stats.cols() < statcol::Count)
+        stats.setCols(statcol::Count);
+    stats.setText(statrow::Slope, statcol::Name, "Slope");
+    stats.setPicture(statrow::ChiSquare, statcol::Name, kChiSquarePicture);
+    stats.setText(statrow::P, statcol::Name, "p");
+    stats.setText(statrow::H, statcol::Name, "h");
+    stats.setText(statrow::G, statcol::Name, "g");
+    stats.setText(statrow::R, statcol::Name, "r");
+    stats.setColumnWidth(statcol::Name, 700);
+    stats.setColumnWidth(statcol::Value, 1400);
+    stats.setColumnWidth(statcol::Tabulated, 1500);
+    stats.setColumnAlignment(statcol::Value, kLeftCentre);
+    stats.setColumnAlignment(statcol::Tabulated, kLeftCentre);
 
     shared_.WorkValue = 1;
     EstimateAtPercent(shared_);
@@ -167,9 +171,9 @@ void LineResults::FormatEstimateTables() {
     shared_.Dose1Percent = shared_.WorkValue;
 }
 
-void LineResults::fitColumns(TextTable& grid, int margin01, int margin) {
+void LineResults::fitColumns(TextTable& grid, int lastNarrow, int narrowMargin, int margin) {
     for (int c = 0; c < grid.cols(); ++c) {
-        const int extra = c <= 1 ? margin01 : margin;
+        const int extra = c <= lastNarrow ? narrowMargin : margin;
         double width = 100;
         for (int r = 0; r < grid.rows(); ++r) {
             const double wanted = measurer_.textWidth(grid.text(r, c)) + extra;
@@ -181,11 +185,11 @@ void LineResults::fitColumns(TextTable& grid, int margin01, int margin) {
 }
 
 void LineResults::FitDataColumns() {
-    fitColumns(tables_.Grid1, 325, 325);
+    fitColumns(tables_.Grid1, datacol::ScaledDose, 325, 325);
 }
 
 void LineResults::FitEstimateColumns() {
-    fitColumns(tables_.Grid2, 300, 600);
+    fitColumns(tables_.Grid2, estimatecol::Gap, 300, 600);
 }
 
 void LineResults::Activate() {

@@ -25,7 +25,7 @@
 
 namespace morvane {
 
-// The name of the picture in the chi-square cell of Grid22 (row 1, column 0): the
+// The name of the picture in the name cell of Grid22's chi-square row: the
 // chi-square symbol. The shell shows its image there; the text export writes "Chi".
 inline constexpr const char* kChiSquarePicture = "ChiSquareSymbol";
 
@@ -78,7 +78,7 @@ class LineResults {
     // cell), Dose99Percent and Dose1Percent, the query tab captions and Grid22's names.
     void FormatEstimateTables();
     // Each column as wide as its widest text plus a margin (325 twips in Grid1; 300
-    // for columns 0 and 1 of Grid2, 600 for the others), at least 100 twips.
+    // for the percent and the gap of Grid2, 600 for the others), at least 100 twips.
     void FitDataColumns();
     void FitEstimateColumns();
 
@@ -109,7 +109,9 @@ class LineResults {
     int BackRequested = 0;
 
   private:
-    void fitColumns(TextTable& grid, int margin01, int margin);
+    // Each column as wide as its widest text plus a margin: narrowMargin for the
+    // columns up to lastNarrow, margin for the others.
+    void fitColumns(TextTable& grid, int lastNarrow, int narrowMargin, int margin);
 
     SharedRegisters& shared_;
     const TextMeasurer& measurer_;

@@ -186,10 +186,10 @@ void ResultQueries::Command4() {
         grid2_.addRow();
         const int row = grid2_.rows() - 1;
         grid2_.setCurrent(row, grid2_.currentCol());
-        grid2_.setText(row, 0, percent);
-        grid2_.setText(row, 2, panels_.Label5);
-        grid2_.setText(row, 3, panels_.Label19);
-        grid2_.setText(row, 4, panels_.Label20);
+        grid2_.setText(row, estimatecol::Percent, percent);
+        grid2_.setText(row, estimatecol::Dose, panels_.Label5);
+        grid2_.setText(row, estimatecol::Lower, panels_.Label19);
+        grid2_.setText(row, estimatecol::Upper, panels_.Label20);
         panels_.Command4Enabled = false;
     } catch (const Fault& fault) {
         faulted(fault.what());
@@ -243,13 +243,13 @@ void ResultQueries::Command2() {
         grid2_.addRow();
         const int row = grid2_.rows() - 1;
         grid2_.setCurrent(row, grid2_.currentCol());
-        grid2_.setText(row, 0, percent);
-        grid2_.setText(row, 2, panels_.Text2);
+        grid2_.setText(row, estimatecol::Percent, percent);
+        grid2_.setText(row, estimatecol::Dose, panels_.Text2);
         shared_.LogEstimate = Log10(scaled);
         if (shared_.fit.GValue < 0.4) {
             FiducialLimits(shared_);
-            grid2_.setText(row, 3, PlainText(shared_.LowerLimit));
-            grid2_.setText(row, 4, PlainText(shared_.UpperLimit));
+            grid2_.setText(row, estimatecol::Lower, PlainText(shared_.LowerLimit));
+            grid2_.setText(row, estimatecol::Upper, PlainText(shared_.UpperLimit));
         }
         panels_.Command2Enabled = false;
     } catch (const Fault& fault) {

@@ -13,6 +13,7 @@
 
 #include <string>
 
+#include "core/ResultsTables.h"
 #include "core/SharedRegisters.h"
 #include "core/TextTable.h"
 #include "core/UserPort.h"

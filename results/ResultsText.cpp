@@ -28,7 +28,7 @@ std::string ComposeResultsText(const ResultsTables& tables, const ColumnHeadings
         for (int c = 0; c < grid22.cols(); ++c) {
             text += grid22.text(r, c);
             // The chi-square cell shows only its symbol.
-            if (r == 1 && c == 0)
+            if (r == statrow::ChiSquare && c == statcol::Name)
                 text += "Chi";
             text += '\t';
         }
@@ -41,7 +41,8 @@ std::string ComposeResultsText(const ResultsTables& tables, const ColumnHeadings
     for (int r = 0; r < grid2.rows(); ++r) {
         for (int c = 0; c < grid2.cols(); ++c) {
             text += grid2.text(r, c);
-            if (c >= 1)
+            // The percent and the empty gap after it share one field.
+            if (c >= estimatecol::Gap)
                 text += '\t';
         }
         if (r != grid2.rows() - 1)

@@ -19,8 +19,8 @@ using ColumnHeadings = std::array<std::string, 10>;
 // - two empty lines, then Grid22 with a tab after every cell, the last one too; its
 //   chi-square cell, which holds only a picture, reads "Chi";
 // - three line ends, then Grid2 from row 0 with a tab before every cell but the
-//   first: the spacer column 1 holds no text, so a row reads percent, tab, dose, tab,
-//   lower limit, tab, upper limit, tab.
+//   first: the spacer column (estimatecol::Gap) holds no text, so a row reads percent, tab, dose,
+//   tab, lower limit, tab, upper limit, tab.
 // The rows a user added to Grid2 come along. No line end at the very end.
 std::string ComposeResultsText(const ResultsTables& tables, const ColumnHeadings& headingSingle);
 

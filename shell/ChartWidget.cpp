@@ -77,29 +77,36 @@ void ChartWidget::paintFigure(QPainter& painter) const {
     painter.setRenderHint(QPainter::TextAntialiasing, true);
     painter.fillRect(TwipRect(d, 0, 0, layout_.PictureFig.width, layout_.PictureFig.height),
                      QColor(248, 249, 251));
+    painter.fillRect(TwipRect(d, layout_.Picture1), Qt::white);
+    paintRuling(painter);
+    paintPlot(painter);
+    paintTicks(painter);
+    paintLabels(painter);
+    paintAxisTitles(painter);
+    painter.restore();
+}
 
+// The ruling of the paper: faint lines at the percent labels and the cycles.
+void ChartWidget::paintRuling(QPainter& painter) const {
+    const QPaintDevice& d = *painter.device();
     const LayoutRect& plot = layout_.Picture1;
-    const QRectF plotArea = TwipRect(d, plot);
-    painter.fillRect(plotArea, Qt::white);
-
-    // The ruling of the paper: faint lines at the percent labels and the cycles.
     painter.setPen(QPen(QColor(222, 226, 234), 1));
-    for (int i = 1; i < LogProbitChart::kPercentLabels - 1; ++i) {
-        const ChartLabel& label = chart_.percentLabel(i);
-        const double y = plot.top + label.top + label.height / 2 - 75;
-        painter.drawLine(TwipRect(d, plot.left, y, plot.width, 0).topLeft(),
-                         TwipRect(d, plot.right(), y, 0, 0).topLeft());
+    for (const double y : chart_.PercentRulings()) {
+        painter.drawLine(TwipRect(d, plot.left, plot.top + y, plot.width, 0).topLeft(),
+                         TwipRect(d, plot.right(), plot.top + y, 0, 0).topLeft());
     }
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
-        const ChartLabel& tick = chart_.tickLabel(i);
-        if (tick.left <= 0)
-            continue;
-        const double x = plot.left + tick.left + tick.width / 2;
+    for (const LogProbitChart::CycleRule& rule : chart_.CycleRulings()) {
+        const double x = plot.left + rule.x;
         painter.drawLine(TwipRect(d, x, plot.top, 0, 0).topLeft(),
                          TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
     }
+}
 
-    // The plot: the chart's drawing, clipped to its area as the surface clips it.
+// The plot: the chart's drawing, clipped to its area as the surface clips it, in a
+// frame.
+void ChartWidget::paintPlot(QPainter& painter) const {
+    const LayoutRect& plot = layout_.Picture1;
+    const QRectF plotArea = TwipRect(*painter.device(), plot);
     painter.save();
     painter.setClipRect(plotArea);
     PaintDrawing(painter, chart_.drawing(), QPointF(plot.left, plot.top), false);
@@ -107,27 +114,32 @@ void ChartWidget::paintFigure(QPainter& painter) const {
     painter.setPen(QPen(QColor(60, 66, 80), 1.2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(plotArea);
+}
 
-    // Tick marks at the inner cycle boundaries.
+// Tick marks at the inner cycle boundaries.
+void ChartWidget::paintTicks(QPainter& painter) const {
+    const QPaintDevice& d = *painter.device();
+    const LayoutRect& plot = layout_.Picture1;
     painter.setPen(QPen(QColor(40, 40, 40), 1.2));
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
-        const ChartLabel& tick = chart_.tickLabel(i);
-        if (tick.left <= 0)
-            continue;
-        const double x = plot.left + tick.left + tick.width / 2;
-        painter.drawLine(TwipRect(d, x, plot.top + tick.top, 0, 0).topLeft(),
+    for (const LogProbitChart::CycleRule& rule : chart_.CycleRulings()) {
+        const double x = plot.left + rule.x;
+        painter.drawLine(TwipRect(d, x, plot.top + rule.tickTop, 0, 0).topLeft(),
                          TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
     }
+}
 
-    QFont labelFont = ToQFont(TextFont{"", kLabelPoints});
-    painter.setFont(labelFont);
+// The labels of the three strips: doses under the plot, percents to its left,
+// probits to its right.
+void ChartWidget::paintLabels(QPainter& painter) const {
+    const QPaintDevice& d = *painter.device();
+    painter.setFont(ToQFont(TextFont{"", kLabelPoints}));
     painter.setPen(QColor(30, 34, 44));
-    auto drawLabel = [&](const ChartLabel& label, double stripLeft, double stripTop,
+    auto drawLabel = [&](const ChartLabel& label, const LayoutRect& strip,
                          Qt::Alignment alignment) {
         if (label.caption.empty())
             return;
         const QRectF r =
-            TwipRect(d, stripLeft + label.left, stripTop + label.top, label.width, label.height);
+            TwipRect(d, strip.left + label.left, strip.top + label.top, label.width, label.height);
         // A little room beyond the label's box, away from the plot.
         const double left = alignment & Qt::AlignRight ? -20 : alignment & Qt::AlignLeft ? 0 : -20;
         const double right = alignment & Qt::AlignLeft ? 20 : alignment & Qt::AlignRight ? 0 : 20;
@@ -136,23 +148,23 @@ void ChartWidget::paintFigure(QPainter& painter) const {
     };
     const LayoutRect& doses = layout_.Picture2;
     for (int i = 0; i < LogProbitChart::kDoseLabels; ++i)
-        drawLabel(chart_.doseLabel(i), doses.left, doses.top, Qt::AlignHCenter);
-    drawLabel(chart_.leftEndLabel(), doses.left, doses.top, Qt::AlignHCenter);
-    drawLabel(chart_.rightEndLabel(), doses.left, doses.top, Qt::AlignHCenter);
-    const LayoutRect& percents = layout_.Picture3;
+        drawLabel(chart_.doseLabel(i), doses, Qt::AlignHCenter);
+    drawLabel(chart_.leftEndLabel(), doses, Qt::AlignHCenter);
+    drawLabel(chart_.rightEndLabel(), doses, Qt::AlignHCenter);
     for (int i = 0; i < LogProbitChart::kPercentLabels; ++i)
-        drawLabel(chart_.percentLabel(i), percents.left, percents.top, Qt::AlignRight);
-    const LayoutRect& probits = layout_.Picture4;
+        drawLabel(chart_.percentLabel(i), layout_.Picture3, Qt::AlignRight);
     for (int j = 0; j < LogProbitChart::kProbitLabels; ++j)
-        drawLabel(chart_.probitLabel(j), probits.left, probits.top, Qt::AlignLeft);
+        drawLabel(chart_.probitLabel(j), layout_.Picture4, Qt::AlignLeft);
+}
 
-    // The titles of the two vertical axes, turned to read upward.
-    QFont titleFont = labelFont;
+// The titles of the two vertical axes, turned to read upward.
+void ChartWidget::paintAxisTitles(QPainter& painter) const {
+    QFont titleFont = ToQFont(TextFont{"", kLabelPoints});
     titleFont.setBold(true);
     titleFont.setPointSizeF(8.5);
     painter.setFont(titleFont);
     auto drawTurned = [&](const LayoutRect& r, const QString& text) {
-        const QRectF area = TwipRect(d, r);
+        const QRectF area = TwipRect(*painter.device(), r);
         painter.save();
         painter.translate(area.center());
         painter.rotate(-90);
@@ -162,7 +174,6 @@ void ChartWidget::paintFigure(QPainter& painter) const {
     };
     drawTurned(layout_.Pictprcent, "Response percentage");
     drawTurned(layout_.Pictprob, "Probit");
-    painter.restore();
 }
 
 }  // namespace morvane

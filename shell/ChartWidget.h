@@ -35,6 +35,12 @@ class ChartWidget : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void paintRuling(QPainter& painter) const;
+    void paintPlot(QPainter& painter) const;
+    void paintTicks(QPainter& painter) const;
+    void paintLabels(QPainter& painter) const;
+    void paintAxisTitles(QPainter& painter) const;
+
     LogProbitChart& chart_;
     ChartLayout layout_;
     QLineEdit* text7_;

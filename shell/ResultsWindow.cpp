@@ -13,17 +13,12 @@
 #include <cstdlib>
 
 #include "core/NumberText.h"
+#include "results/ResultsLayout.h"
 #include "shell/Program.h"
 #include "shell/Twips.h"
 
 namespace morvane {
 namespace {
-
-constexpr double kTabLeft = 60;
-constexpr double kTabTop = 60;
-constexpr double kGridLeft = 120;
-constexpr double kGrid1Top = 440;
-constexpr double kButtonHeight = 420;
 
 // The icon of Image1: two arrows apart, a column made to fit.
 QIcon FitColumnsIcon() {
@@ -111,9 +106,54 @@ ResultsWindow::ResultsWindow(Program& program)
     });
     connect(command15_, &QPushButton::clicked, this, [this] { program_.openHelp("Hmain.htm"); });
 
+    nameWidgets();
     setMinimumSize(PixelsX(*this, MinFormWidth - kWindowFrameWidth),
                    PixelsY(*this, MinFormHeight - kWindowFrameHeight));
     resize(minimumSize());
+}
+
+void ResultsWindow::nameWidgets() {
+    tab1_->setObjectName("Tab1");
+    text8_->setObjectName("Text8");
+    image1_->setObjectName("Image1");
+    sstab2_->setObjectName("SSTab2");
+    text3_->setObjectName("Text3");
+    command3_->setObjectName("Command3");
+    label6_->setObjectName("Label6");
+    label19_->setObjectName("Label19");
+    label20_->setObjectName("Label20");
+    command4_->setObjectName("Command4");
+    text2_->setObjectName("Text2");
+    command1_->setObjectName("Command1");
+    label3_->setObjectName("Label3");
+    command2_->setObjectName("Command2");
+    checkAutoCycles_->setObjectName("CheckAutoCycles");
+    comboCycles_->setObjectName("ComboCycles");
+    option1_->setObjectName("Option1");
+    option2_->setObjectName("Option2");
+    text4_->setObjectName("Text4");
+    text5_->setObjectName("Text5");
+    command6_->setObjectName("Command6");
+    check2_->setObjectName("Check2");
+    check3_->setObjectName("Check3");
+    text6_->setObjectName("Text6");
+    command7_->setObjectName("Command7");
+    list1_->setObjectName("List1");
+    command8_->setObjectName("Command8");
+    command5_->setObjectName("Command5");
+    command9_->setObjectName("Command9");
+    command10_->setObjectName("Command10");
+    command11_->setObjectName("Command11");
+    command15_->setObjectName("Command15");
+    label1_->setObjectName("Label1");
+    label4_->setObjectName("Label4");
+    label9_->setObjectName("Label9");
+    label14_->setObjectName("Label14");
+    label17_->setObjectName("Label17");
+    label18_->setObjectName("Label18");
+    frame1_->setObjectName("Frame1");
+    frame5_->setObjectName("Frame5");
+    frame6_->setObjectName("Frame6");
 }
 
 // The views let go of the tables and the chart before the results that hold them go.
@@ -124,9 +164,9 @@ ResultsWindow::~ResultsWindow() {
     delete tab1_;
 }
 
-void ResultsWindow::place(QWidget* widget, double left, double top, double width, double height) {
-    widget->setGeometry(PixelsX(*this, left), PixelsY(*this, top), PixelsX(*this, width),
-                        PixelsY(*this, height));
+void ResultsWindow::place(QWidget* widget, const LayoutRect& rect) {
+    widget->setGeometry(PixelsX(*this, rect.left), PixelsY(*this, rect.top),
+                        PixelsX(*this, rect.width), PixelsY(*this, rect.height));
 }
 
 void ResultsWindow::buildTablesTab(QWidget* page) {
@@ -159,6 +199,13 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     text8_->setStyleSheet("color: rgb(170,0,0);");
 
     sstab2_ = new QTabWidget(page);
+    sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
+    sstab2_->addTab(buildResponsePanel(), "Calculate Response");
+    connectQueries();
+}
+
+// "Calculate any value": the dose of any percent, with its limits.
+QWidget* ResultsWindow::buildEstimatePanel() {
     auto* estimate = new QWidget;
     auto* e = new QGridLayout(estimate);
     label4_ = new QLabel(estimate);
@@ -182,8 +229,11 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     e->addWidget(command4_, 5, 2, 1, 2);
     e->setRowStretch(6, 1);
     e->setColumnStretch(1, 1);
-    sstab2_->addTab(estimate, "Calculate any value");
+    return estimate;
+}
 
+// "Calculate Response": the response percent of any dose.
+QWidget* ResultsWindow::buildResponsePanel() {
     auto* response = new QWidget;
     auto* r = new QGridLayout(response);
     label1_ = new QLabel("The responce of", response);
@@ -200,8 +250,10 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     r->addWidget(command2_, 3, 2, 1, 2);
     r->setRowStretch(4, 1);
     r->setColumnStretch(1, 1);
-    sstab2_->addTab(response, "Calculate Response");
+    return response;
+}
 
+void ResultsWindow::connectQueries() {
     for (FilteredLineEdit* box : {text2_, text3_}) {
         box->setKeyFilter([](char key) { return ResultQueries::NumberBoxAcceptsKey(key); });
         box->setMinimumWidth(PixelsX(*box, 900));
@@ -249,7 +301,16 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     chartWidget_ = new ChartWidget(*chart_, page);
     connect(chartWidget_->Text7(), &QLineEdit::returnPressed, this,
             [this] { chartWidget_->setFocus(); });
+    buildCyclesFrame(page);
+    buildLimitsFrame(page);
+    buildMarksFrame(page);
+    for (FilteredLineEdit* box : {text4_, text5_, text6_})
+        box->setKeyFilter([](char key) { return ResultQueries::NumberBoxAcceptsKey(key); });
+    showChart();
+}
 
+// "(X) axis scale": Auto, or the number of cycles the user picks.
+void ResultsWindow::buildCyclesFrame(QWidget* page) {
     frame1_ = new QGroupBox("(X) axis scale", page);
     checkAutoCycles_ = new QCheckBox("Auto", frame1_);
     comboCycles_ = new QComboBox(frame1_);
@@ -260,6 +321,16 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     f1->addWidget(new QLabel("Cycles", frame1_), 1, 0);  // Label21
     f1->addWidget(comboCycles_, 1, 1);
 
+    connect(checkAutoCycles_, &QCheckBox::clicked, this,
+            [this](bool on) { chartAction([on](LogProbitChart& c) { c.clickAutoCycles(on); }); });
+    connect(comboCycles_, &QComboBox::activated, this, [this](int index) {
+        const std::string text = comboCycles_->itemText(index).toStdString();
+        chartAction([text](LogProbitChart& c) { c.clickCycles(text); });
+    });
+}
+
+// "Line limits": the actual range of the data, or a range between two percents.
+void ResultsWindow::buildLimitsFrame(QWidget* page) {
     frame5_ = new QGroupBox("Line limits", page);
     option1_ = new QRadioButton("Actual range", frame5_);
     option2_ = new QRadioButton("Adjust range", frame5_);
@@ -274,6 +345,34 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     f5->addWidget(text5_, 2, 2);
     f5->addWidget(command6_, 3, 0, 1, 3);
 
+    connect(option1_, &QRadioButton::clicked, this,
+            [this] { chartAction([](LogProbitChart& c) { c.clickActualRange(); }); });
+    connect(option2_, &QRadioButton::clicked, this, [this] {
+        chartCommand([this](LogProbitChart& c) { return c.clickAdjustRange(program_.port()); });
+    });
+    connect(command6_, &QPushButton::clicked, this, [this] {
+        chartCommand([this](LogProbitChart& c) { return c.clickLimitsOk(program_.port()); });
+    });
+    connect(text4_, &QLineEdit::textEdited, this, [this](const QString& t) {
+        chartAction([t](LogProbitChart& c) { c.setLowPercent(t.toStdString()); });
+    });
+    connect(text5_, &QLineEdit::textEdited, this, [this](const QString& t) {
+        chartAction([t](LogProbitChart& c) { c.setHighPercent(t.toStdString()); });
+    });
+    for (FilteredLineEdit* box : {text4_, text5_}) {
+        connect(box, &FilteredLineEdit::enterPressed, this, [this] {
+            chartCommand([this](LogProbitChart& c) { return c.enterInLimits(program_.port()); });
+        });
+    }
+    connect(text4_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::LowPercent); });
+    connect(text5_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::HighPercent); });
+}
+
+// "Show on the graph": the observed points, the estimates of the marks, and the
+// marks themselves, added by percent and deleted from the list.
+void ResultsWindow::buildMarksFrame(QWidget* page) {
     frame6_ = new QGroupBox("Show on the graph", page);
     check2_ = new QCheckBox("Actual points", frame6_);
     check3_ = new QCheckBox("LD value", frame6_);
@@ -291,116 +390,39 @@ void ResultsWindow::buildGraphTab(QWidget* page) {
     f6->addWidget(list1_, 3, 0, 1, 2);
     f6->addWidget(command8_, 3, 2, Qt::AlignTop);
 
-    for (FilteredLineEdit* box : {text4_, text5_, text6_}) {
-        box->setKeyFilter([](char key) { return ResultQueries::NumberBoxAcceptsKey(key); });
-    }
-    connect(checkAutoCycles_, &QCheckBox::clicked, this, [this](bool on) {
-        chartCommand([on](LogProbitChart& c) {
-            c.clickAutoCycles(on);
-            return ChartFocus::None;
-        });
-    });
-    connect(comboCycles_, &QComboBox::activated, this, [this](int index) {
-        const std::string text = comboCycles_->itemText(index).toStdString();
-        chartCommand([text](LogProbitChart& c) {
-            c.clickCycles(text);
-            return ChartFocus::None;
-        });
-    });
-    connect(option1_, &QRadioButton::clicked, this, [this] {
-        chartCommand([](LogProbitChart& c) {
-            c.clickActualRange();
-            return ChartFocus::None;
-        });
-    });
-    connect(option2_, &QRadioButton::clicked, this, [this] {
-        chartCommand([this](LogProbitChart& c) { return c.clickAdjustRange(program_.port()); });
-    });
-    connect(command6_, &QPushButton::clicked, this, [this] {
-        chartCommand([this](LogProbitChart& c) { return c.clickLimitsOk(program_.port()); });
-    });
-    connect(text4_, &QLineEdit::textEdited, this, [this](const QString& t) {
-        chartCommand([t](LogProbitChart& c) {
-            c.setLowPercent(t.toStdString());
-            return ChartFocus::None;
-        });
-    });
-    connect(text5_, &QLineEdit::textEdited, this, [this](const QString& t) {
-        chartCommand([t](LogProbitChart& c) {
-            c.setHighPercent(t.toStdString());
-            return ChartFocus::None;
-        });
-    });
-    for (FilteredLineEdit* box : {text4_, text5_}) {
-        connect(box, &FilteredLineEdit::enterPressed, this, [this] {
-            chartCommand([this](LogProbitChart& c) { return c.enterInLimits(program_.port()); });
-        });
-        connect(box, &FilteredLineEdit::focusLeft, this, [this, box] { numberBoxLeft(box, true); });
-    }
-    connect(check2_, &QCheckBox::clicked, this, [this](bool on) {
-        chartCommand([on](LogProbitChart& c) {
-            c.clickShowPoints(on);
-            return ChartFocus::None;
-        });
-    });
+    connect(check2_, &QCheckBox::clicked, this,
+            [this](bool on) { chartAction([on](LogProbitChart& c) { c.clickShowPoints(on); }); });
     connect(check3_, &QCheckBox::clicked, this, [this](bool on) {
-        chartCommand([on](LogProbitChart& c) {
-            c.clickShowEstimates(on);
-            return ChartFocus::None;
-        });
+        chartAction([on](LogProbitChart& c) { c.clickShowEstimates(on); });
     });
     connect(text6_, &QLineEdit::textEdited, this, [this](const QString& t) {
-        chartCommand([t](LogProbitChart& c) {
-            c.setMarkPercent(t.toStdString());
-            return ChartFocus::None;
-        });
+        chartAction([t](LogProbitChart& c) { c.setMarkPercent(t.toStdString()); });
     });
     connect(text6_, &FilteredLineEdit::enterPressed, this, [this] {
         chartCommand([this](LogProbitChart& c) { return c.enterInMarkPercent(program_.port()); });
     });
-    connect(text6_, &FilteredLineEdit::focusLeft, this, [this] { numberBoxLeft(text6_, false); });
+    connect(text6_, &FilteredLineEdit::focusLeft, this,
+            [this] { numberBoxLeft(ChartFocus::MarkPercent); });
     connect(command7_, &QPushButton::clicked, this, [this] {
         chartCommand([this](LogProbitChart& c) { return c.addMark(program_.port()); });
     });
     connect(list1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         const int row = list1_->row(item);
-        chartCommand([row](LogProbitChart& c) {
-            c.clickMark(row);
-            return ChartFocus::None;
-        });
+        chartAction([row](LogProbitChart& c) { c.clickMark(row); });
     });
-    connect(command8_, &QPushButton::clicked, this, [this] {
-        chartCommand([](LogProbitChart& c) {
-            c.deleteMark();
-            return ChartFocus::None;
-        });
-    });
-    showChart();
+    connect(command8_, &QPushButton::clicked, this,
+            [this] { chartAction([](LogProbitChart& c) { c.deleteMark(); }); });
 }
 
-// Leaving a number box of the chart: its text becomes the plain text of its number.
-// A text that is no number keeps the focus; the limit boxes say so.
-void ResultsWindow::numberBoxLeft(FilteredLineEdit* box, bool tellInvalid) {
+// Leaving a number box of the chart for another control of this window runs the
+// chart's rule for it.
+void ResultsWindow::numberBoxLeft(ChartFocus box) {
     if (refreshing_)
         return;
     QWidget* next = QApplication::focusWidget();
     if (!next || next->window() != this)
         return;
-    const std::string text = box->text().toStdString();
-    if (text.empty())
-        return;
-    const auto value = ParseNumber(text);
-    if (!value) {
-        if (tellInvalid)
-            program_.port().tell("invaled value!");
-        box->setFocus(Qt::OtherFocusReason);
-        return;
-    }
-    const QString plain = QString::fromStdString(PlainText(*value));
-    if (plain == box->text())
-        return;
-    box->setText(plain);
-    emit box->textEdited(plain);
+    chartCommand([this, box](LogProbitChart& c) { return c.leaveNumberBox(box, program_.port()); });
 }
 
 void ResultsWindow::query(const std::function<void(ResultQueries&)>& action) {
@@ -476,6 +498,13 @@ void ResultsWindow::chartCommand(const std::function<ChartFocus(LogProbitChart&)
     }
 }
 
+void ResultsWindow::chartAction(const std::function<void(LogProbitChart&)>& action) {
+    chartCommand([&action](LogProbitChart& c) {
+        action(c);
+        return ChartFocus::None;
+    });
+}
+
 void ResultsWindow::showChart() {
     refreshing_ = true;
     const LogProbitChart& c = *chart_;
@@ -539,63 +568,33 @@ void ResultsWindow::arrange() {
     if (isMinimized())
         return;
     tab1_->hide();
-    double formWidth = TwipsX(*this, width()) + kWindowFrameWidth;
-    double formHeight = TwipsY(*this, height()) + kWindowFrameHeight;
-    if (formHeight < MinFormHeight)
-        formHeight = MinFormHeight;
-    if (formWidth < MinFormWidth)
-        formWidth = MinFormWidth;
-    const double tabWidth = formWidth - 200;
-    const double tabHeight = formHeight - 1200;
-    place(tab1_, kTabLeft, kTabTop, tabWidth, tabHeight);
+    const double tabStrip = TwipsY(*this, tab1_->tabBar()->sizeHint().height());
+    const ResultsLayout l = ArrangeResults(TwipsX(*this, width()) + kWindowFrameWidth,
+                                           TwipsY(*this, height()) + kWindowFrameHeight,
+                                           MinFormWidth, MinFormHeight, tabStrip);
+    place(tab1_, l.Tab1);
+    place(image1_, l.Image1);
+    place(grid1_, l.Grid1);
+    place(sstab2_, l.SSTab2);
+    place(grid22_, l.Grid22);
+    place(grid2_, l.Grid2);
+    place(text8_, l.Text8);
 
-    // The pages begin under the tab strip, whose height the rules do not count: the
-    // lower tables end where the page ends.
-    auto inPage = [this](QWidget* w, double left, double top, double width, double height) {
-        place(w, left, top, width, height);
-    };
-    const double pageHeight = tabHeight - TwipsY(*this, tab1_->tabBar()->sizeHint().height()) - 60;
-    const double grid1Width = tabWidth - 4600;
-    const double grid1Height = tabHeight / 2 - 555;
-    inPage(image1_, kGridLeft, 40, 360, 360);
-    inPage(grid1_, kGridLeft, kGrid1Top, grid1Width, grid1Height);
-    const double grid1Right = kGridLeft + grid1Width;
-    const double sstabLeft = grid1Right + 150;
-    inPage(sstab2_, sstabLeft, 40, tabWidth - 150 - sstabLeft, grid1Height + kGrid1Top - 40);
-    const double lowerTop = kGrid1Top + grid1Height + 105;
-    const double lowerHeight = std::min(tabHeight - grid1Height - 855, pageHeight - lowerTop - 90);
-    const double grid22Width = tabWidth / 2 - 335;
-    inPage(grid22_, kGridLeft, lowerTop, grid22Width, lowerHeight);
-    const double grid2Left = kGridLeft + grid22Width + 210;
-    inPage(grid2_, grid2Left, lowerTop, tabWidth / 2 - 275, lowerHeight);
-    inPage(text8_, kGridLeft + 75, lowerTop + lowerHeight - 675, grid22Width - 150, 600);
-
-    const ChartLayout chart = ArrangeChart(tabWidth, tabHeight);
+    const ChartLayout chart = ArrangeChart(l.Tab1.width, l.Tab1.height);
     chartWidget_->setChartLayout(chart);
-    // The frames keep their left edge from the layout and stand one under the other,
-    // each at least as high as its controls need.
-    double frameTop = chart.Frame1.top;
-    const std::pair<QGroupBox*, const LayoutRect*> frames[] = {
-        {frame1_, &chart.Frame1}, {frame5_, &chart.Frame5}, {frame6_, &chart.Frame6}};
-    for (const auto& [frame, rect] : frames) {
-        const double height = std::max(rect->height, TwipsY(*this, frame->sizeHint().height()));
-        place(frame, rect->left, frameTop, rect->width, height);
-        frameTop += height + 100;
-    }
+    QGroupBox* const frames[] = {frame1_, frame5_, frame6_};
+    std::array<double, 3> needed{};
+    for (std::size_t i = 0; i < needed.size(); ++i)
+        needed[i] = TwipsY(*this, frames[i]->sizeHint().height());
+    const auto stacked = StackOptionFrames(chart, needed);
+    for (std::size_t i = 0; i < stacked.size(); ++i)
+        place(frames[i], stacked[i]);
     chart_->RedrawChart();
     showChart();
 
-    const double buttonsTop = kTabTop + tabHeight + 120;
-    double left = kTabLeft;
-    const std::pair<QPushButton*, double> buttons[] = {{command5_, 2300},
-                                                       {command9_, 1000},
-                                                       {command10_, 1500},
-                                                       {command11_, 2000},
-                                                       {command15_, 900}};
-    for (const auto& [button, width] : buttons) {
-        place(button, left, buttonsTop, width, kButtonHeight);
-        left += width + 120;
-    }
+    QPushButton* const buttons[] = {command5_, command9_, command10_, command11_, command15_};
+    for (std::size_t i = 0; i < l.Buttons.size(); ++i)
+        place(buttons[i], l.Buttons[i]);
     tab1_->show();
 }
 

@@ -42,42 +42,8 @@ class ResultsWindow : public QWidget {
     // Activation: the chart is drawn, then the captions that follow the line's words.
     void Activate();
 
-    QTabWidget* Tab1() const { return tab1_; }
-    TextTableView* Grid1() const { return grid1_; }
-    TextTableView* Grid22() const { return grid22_; }
-    TextTableView* Grid2() const { return grid2_; }
-    QLabel* Text8() const { return text8_; }
-    QToolButton* Image1() const { return image1_; }
-    QTabWidget* SSTab2() const { return sstab2_; }
-    FilteredLineEdit* Text3() const { return text3_; }
-    QPushButton* Command3() const { return command3_; }
-    QLabel* Label6() const { return label6_; }
-    QLabel* Label19() const { return label19_; }
-    QLabel* Label20() const { return label20_; }
-    QPushButton* Command4() const { return command4_; }
-    FilteredLineEdit* Text2() const { return text2_; }
-    QPushButton* Command1() const { return command1_; }
-    QLabel* Label3() const { return label3_; }
-    QPushButton* Command2() const { return command2_; }
-    ChartWidget* PictureFig() const { return chartWidget_; }
-    QCheckBox* CheckAutoCycles() const { return checkAutoCycles_; }
-    QComboBox* ComboCycles() const { return comboCycles_; }
-    QRadioButton* Option1() const { return option1_; }
-    QRadioButton* Option2() const { return option2_; }
-    FilteredLineEdit* Text4() const { return text4_; }
-    FilteredLineEdit* Text5() const { return text5_; }
-    QPushButton* Command6() const { return command6_; }
-    QCheckBox* Check2() const { return check2_; }
-    QCheckBox* Check3() const { return check3_; }
-    FilteredLineEdit* Text6() const { return text6_; }
-    QPushButton* Command7() const { return command7_; }
-    QListWidget* List1() const { return list1_; }
-    QPushButton* Command8() const { return command8_; }
-    QPushButton* Command5() const { return command5_; }
-    QPushButton* Command9() const { return command9_; }
-    QPushButton* Command10() const { return command10_; }
-    QPushButton* Command11() const { return command11_; }
-    QPushButton* Command15() const { return command15_; }
+    // The widgets carry the names of the window's controls as object names ("Grid1",
+    // "Text3", "Command11", "PictureFig", ...), by which tests find them.
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -85,15 +51,25 @@ class ResultsWindow : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void nameWidgets();
     void buildTablesTab(QWidget* page);
+    QWidget* buildEstimatePanel();
+    QWidget* buildResponsePanel();
+    void connectQueries();
     void buildGraphTab(QWidget* page);
+    void buildCyclesFrame(QWidget* page);
+    void buildLimitsFrame(QWidget* page);
+    void buildMarksFrame(QWidget* page);
     void arrange();
-    void place(QWidget* widget, double left, double top, double width, double height);
+    void place(QWidget* widget, const LayoutRect& rect);
     void query(const std::function<void(ResultQueries&)>& action);
     void showPanels();
+    // Runs a chart command and shows the chart; the focus goes where the command says.
     void chartCommand(const std::function<ChartFocus(LogProbitChart&)>& action);
+    // A chart command that leaves the focus where it is.
+    void chartAction(const std::function<void(LogProbitChart&)>& action);
     void showChart();
-    void numberBoxLeft(FilteredLineEdit* box, bool tellInvalid);
+    void numberBoxLeft(ChartFocus box);
 
     Program& program_;
     QtTextMeasurer measurer_;

@@ -173,6 +173,41 @@ TEST(ResponseAtDose, OutOfScaleTellsTheUserAndLeavesTheProbit) {
     EXPECT_EQ(s.WorkValue, 13);
 }
 
+TEST(FiducialLimitsOf, ALineThroughTenAtItsMiddle) {
+    // m = 1 lies on the mean: c = 1 and e = 1.96 / (0.9 * 2) * sqrt(0.9 / 100), so
+    // the limits are 10^(1 -/+ 0.1033011) = 7.8831 and 12.6853.
+    const DoseLimits limits = FiducialLimitsOf(LineThroughTen().fit, 1);
+    EXPECT_EQ(limits.lower, 7.8831);
+    EXPECT_EQ(limits.upper, 12.6853);
+}
+
+TEST(FiducialLimitsOf, AnOverflowingUpperLimitLeavesBothOnTheLogScale) {
+    const FitResult fit = LineThroughTen().fit;
+    const LogLimits logs = FiellerLogLimits(fit, 400);
+    EXPECT_NEAR(logs.lower, 227.0999754, 1e-6);
+    EXPECT_NEAR(logs.upper, 661.5666912, 1e-6);
+    const DoseLimits limits = FiducialLimitsOf(fit, 400);
+    EXPECT_EQ(limits.lower, logs.lower);
+    EXPECT_EQ(limits.upper, logs.upper);
+}
+
+TEST(FiellerLogLimits, ANegativeSlopeSwapsTheLimits) {
+    FitResult fit = LineThroughTen().fit;
+    fit.Slope = -2;
+    const LogLimits logs = FiellerLogLimits(fit, 1);
+    EXPECT_NEAR(logs.lower, 0.8966989, 1e-6);
+    EXPECT_NEAR(logs.upper, 1.1033011, 1e-6);
+    EXPECT_FALSE(logs.negativeSquare);
+    fit.HeterogeneityFactor = -1;  // a square below 0
+    EXPECT_TRUE(FiellerLogLimits(fit, 1).negativeSquare);
+}
+
+TEST(FormatRules, ZeroHasNoText) {
+    EXPECT_EQ(FormatEstimateText(0), std::nullopt);
+    EXPECT_EQ(FormatTwoLevelsText(0), std::nullopt);
+    EXPECT_EQ(FormatFourLevelsText(0), std::nullopt);
+}
+
 TEST(FormatRules, ZeroLeavesWorkTextAsItWas) {
     SharedRegisters s;
     s.WorkText = "kept";
@@ -186,12 +221,7 @@ TEST(FormatRules, ZeroLeavesWorkTextAsItWas) {
 }
 
 TEST(FormatRules, FormatEstimateBySize) {
-    SharedRegisters s;
-    auto f = [&](double v) {
-        s.WorkValue = v;
-        FormatEstimate(s);
-        return s.WorkText;
-    };
+    auto f = [](double v) { return FormatEstimateText(v).value_or("no text"); };
     EXPECT_EQ(f(100000), "10000E+1");
     EXPECT_EQ(f(99999), "99999.000");
     EXPECT_EQ(f(1234567), "12346E+2");
@@ -204,12 +234,7 @@ TEST(FormatRules, FormatEstimateBySize) {
 }
 
 TEST(FormatRules, FormatTwoLevelsBySize) {
-    SharedRegisters s;
-    auto f = [&](double v) {
-        s.WorkValue = v;
-        FormatTwoLevels(s);
-        return s.WorkText;
-    };
+    auto f = [](double v) { return FormatTwoLevelsText(v).value_or("no text"); };
     EXPECT_EQ(f(100000), "10000E+1");
     EXPECT_EQ(f(0.00005), "0.00005");
     EXPECT_EQ(f(0.005), "0.0050");
@@ -218,12 +243,7 @@ TEST(FormatRules, FormatTwoLevelsBySize) {
 }
 
 TEST(FormatRules, FormatFourLevelsBySize) {
-    SharedRegisters s;
-    auto f = [&](double v) {
-        s.WorkValue = v;
-        FormatFourLevels(s);
-        return s.WorkText;
-    };
+    auto f = [](double v) { return FormatFourLevelsText(v).value_or("no text"); };
     EXPECT_EQ(f(0.5), "0.50");
     EXPECT_EQ(f(5), "5");
     EXPECT_EQ(f(1000000), "1E+6");
@@ -236,30 +256,15 @@ TEST(FormatRules, FormatFourLevelsBySize) {
 // --- Statistics of the fit -------------------------------------------------------
 
 TEST(ChiSquareProbability, ZeroAndHugeChiSquareGiveOne) {
-    SharedRegisters s;
-    s.fit.DegreesOfFreedom = 3;
-    s.WorkValue = 0;
-    ChiSquareProbability(s);
-    EXPECT_EQ(s.WorkValue, 1);
-    s.fit.DegreesOfFreedom = 4;
-    s.WorkValue = 0;
-    ChiSquareProbability(s);
-    EXPECT_EQ(s.WorkValue, 1);
-    s.WorkValue = 1500;
-    ChiSquareProbability(s);
-    EXPECT_EQ(s.WorkValue, 1);
+    EXPECT_EQ(ChiSquareProbability(0, 3), 1);
+    EXPECT_EQ(ChiSquareProbability(0, 4), 1);
+    EXPECT_EQ(ChiSquareProbability(1500, 4), 1);
 }
 
 TEST(ChiSquareProbability, KnownUpperTails) {
-    SharedRegisters s;
-    s.fit.DegreesOfFreedom = 1;
-    s.WorkValue = 3.841458820694124;  // the 5% point of one degree of freedom
-    ChiSquareProbability(s);
-    EXPECT_EQ(FormatNumber(s.WorkValue, "0.0000"), "0.0500");
-    s.fit.DegreesOfFreedom = 2;
-    s.WorkValue = 2;  // exp(-1)
-    ChiSquareProbability(s);
-    EXPECT_EQ(FormatNumber(s.WorkValue, "0.000000"), "0.367879");
+    // 3.8414588... is the 5% point of one degree of freedom; 2 at two gives exp(-1).
+    EXPECT_EQ(FormatNumber(ChiSquareProbability(3.841458820694124, 1), "0.0000"), "0.0500");
+    EXPECT_EQ(FormatNumber(ChiSquareProbability(2, 2), "0.000000"), "0.367879");
 }
 
 // A results Grid22 and fit prepared for WriteStatistics with a chosen g.
@@ -276,21 +281,21 @@ struct Statistics {
         shared.fit.SumSquaresLogDose = 1.96 * 1.96 / g;
         sums.Sxy = shared.fit.SumSquaresLogDose;
         sums.Syy = sums.Sxy * sums.Sxy / shared.fit.SumSquaresLogDose + (homogeneous ? 1 : 50);
-        WriteStatistics(results, doseRows, sums, 1, shared);
+        WriteStatistics(results, doseRows, sums, 1, shared.fit);
     }
 };
 
 TEST(Statistics, GOfExactlyPointFourIsNeitherRedNorReported) {
     Statistics st(0.4);
     ASSERT_EQ(st.shared.fit.GValue, 0.4);
-    EXPECT_EQ(st.results.Grid22.text(4, 1), "0.4000");
-    EXPECT_FALSE(st.results.Grid22.fore(4, 1));
+    EXPECT_EQ(st.results.Grid22.text(statrow::G, statcol::Value), "0.4000");
+    EXPECT_FALSE(st.results.Grid22.fore(statrow::G, statcol::Value));
     EXPECT_EQ(st.results.Text8, "");
 }
 
 TEST(Statistics, GAbovePointFourIsRedWithTheNotice) {
     Statistics st(0.41);
-    EXPECT_EQ(st.results.Grid22.fore(4, 1), kRed);
+    EXPECT_EQ(st.results.Grid22.fore(statrow::G, statcol::Value), kRed);
     const std::string notice =
         "Upper and lower limits will be calculated only for the data of which g is less than "
         "0.4.   See help for more details.";
@@ -302,15 +307,16 @@ TEST(Statistics, HomogeneousLineUsesTheTOfInfinityAndShowsTheRatio) {
     Statistics st(0.1);
     EXPECT_EQ(st.shared.fit.TValue, 1.96);
     EXPECT_EQ(st.shared.fit.HeterogeneityFactor, 1);
-    EXPECT_EQ(st.results.Grid22.text(3, 1), FormatNumber(st.shared.fit.ChiSquare / 3, "0.0000"));
-    EXPECT_NE(st.results.Grid22.text(3, 1), "1.0000");
+    EXPECT_EQ(st.results.Grid22.text(statrow::H, statcol::Value),
+              FormatNumber(st.shared.fit.ChiSquare / 3, "0.0000"));
+    EXPECT_NE(st.results.Grid22.text(statrow::H, statcol::Value), "1.0000");
 }
 
 TEST(Statistics, HeterogeneousLineUsesTheTOfItsDegreesOfFreedom) {
     Statistics st(0.1, false);
     EXPECT_EQ(st.shared.fit.TValue, 3.182);  // t of 3 df at 0.05
     EXPECT_EQ(st.shared.fit.HeterogeneityFactor, st.shared.fit.ChiSquare / 3);
-    EXPECT_EQ(st.results.Grid22.fore(1, 1), kRed);
+    EXPECT_EQ(st.results.Grid22.fore(statrow::ChiSquare, statcol::Value), kRed);
 }
 
 TEST(Statistics, ChiSquareEqualToTheTabulatedValueIsRed) {
@@ -319,24 +325,24 @@ TEST(Statistics, ChiSquareEqualToTheTabulatedValueIsRed) {
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{7.8, 0};  // chi-square 7.8 at 3 df, the tabulated value
-    WriteStatistics(results, 5, sums, 1, shared);
-    EXPECT_EQ(results.Grid22.text(1, 1), "7.8000");
-    EXPECT_EQ(results.Grid22.fore(1, 1), kRed);
-    EXPECT_EQ(results.Grid22.text(1, 2), "tabulated  7.8");
+    WriteStatistics(results, 5, sums, 1, shared.fit);
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Value), "7.8000");
+    EXPECT_EQ(results.Grid22.fore(statrow::ChiSquare, statcol::Value), kRed);
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  7.8");
 }
 
 TEST(Statistics, MoreThanThirtyDegreesOfFreedom) {
     SharedRegisters shared;
     ResultsTables results;
-    results.Grid22.setText(5, 2, "as it was");
+    results.Grid22.setText(statrow::R, statcol::Tabulated, "as it was");
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{20, 0};
-    WriteStatistics(results, 35, sums, 0, shared);
+    WriteStatistics(results, 35, sums, 0, shared.fit);
     EXPECT_EQ(shared.fit.DegreesOfFreedom, 33);
-    EXPECT_EQ(results.Grid22.text(2, 1), "0");
-    EXPECT_EQ(results.Grid22.text(5, 2), "as it was");
-    EXPECT_EQ(results.Grid22.text(1, 2), "tabulated  43.8");
+    EXPECT_EQ(results.Grid22.text(statrow::P, statcol::Value), "0");
+    EXPECT_EQ(results.Grid22.text(statrow::R, statcol::Tabulated), "as it was");
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  43.8");
     EXPECT_EQ(shared.fit.TValue, 1.6448);
 }
 
@@ -348,11 +354,11 @@ TEST(Statistics, APOfOneHalfShowsPlainAndTheRatioWithFourDecimals) {
     // Two degrees of freedom: p = exp(-chi/2) = 0.5 at chi = 2 ln 2; the ratio is
     // ln 2 = 0.6931. A chi-square of 1 at 2 df gives a ratio of one half.
     CycleSums sums{2 * 0.6931471805599453, 0};
-    WriteStatistics(results, 4, sums, 1, shared);
-    EXPECT_EQ(results.Grid22.text(2, 1), "0.5");
+    WriteStatistics(results, 4, sums, 1, shared.fit);
+    EXPECT_EQ(results.Grid22.text(statrow::P, statcol::Value), "0.5");
     CycleSums half{1, 0};
-    WriteStatistics(results, 4, half, 1, shared);
-    EXPECT_EQ(results.Grid22.text(3, 1), "0.5000");
+    WriteStatistics(results, 4, half, 1, shared.fit);
+    EXPECT_EQ(results.Grid22.text(statrow::H, statcol::Value), "0.5000");
 }
 
 TEST(Statistics, ANegativeChiSquareIsNotCorrected) {
@@ -361,8 +367,8 @@ TEST(Statistics, ANegativeChiSquareIsNotCorrected) {
     shared.fit.Slope = 1;
     shared.fit.SumSquaresLogDose = 100;
     CycleSums sums{-0.00001, 0};
-    WriteStatistics(results, 4, sums, 1, shared);  // 2 df: the series needs no root
-    EXPECT_EQ(results.Grid22.text(1, 1), "0.0000");
+    WriteStatistics(results, 4, sums, 1, shared.fit);  // 2 df: the series needs no root
+    EXPECT_EQ(results.Grid22.text(statrow::ChiSquare, statcol::Value), "0.0000");
     EXPECT_EQ(shared.fit.ChiSquare, -0.00001);
 }
 
@@ -372,15 +378,15 @@ TEST(Cycles, TotalsAreRoundedHalvesToEven) {
         shared.fit.Slope = 2;
         shared.fit.MeanLogDose = 1;
         shared.fit.MeanProbit = 5;
-        TextTable grid1(4, 7);
+        TextTable grid1(4, datacol::Count);
         const char* logs[] = {"0.5000", "1.0000", "1.5000"};
         const char* responses[] = {"20.000", "50.000", "80.000"};
         for (int k = 1; k <= 3; ++k) {
-            grid1.setText(k, 2, logs[k - 1]);
-            grid1.setText(k, 3, total);
-            grid1.setText(k, 4, responses[k - 1]);
+            grid1.setText(k, datacol::LogDose, logs[k - 1]);
+            grid1.setText(k, datacol::Treated, total);
+            grid1.setText(k, datacol::Observed, responses[k - 1]);
         }
-        RunCycles(grid1, 3, shared);
+        RunCycles(grid1, 3, shared.fit, shared.probit);
         return shared.fit.SumWeights;
     };
     EXPECT_EQ(weights("100.5"), weights("100"));
@@ -393,13 +399,13 @@ TEST(Cycles, AllExpectedProbitsOutsideTheTableIsReportedNotAnEnd) {
     shared.fit.Slope = 2;
     shared.fit.MeanLogDose = 1;
     shared.fit.MeanProbit = 20;  // every expected probit far above 8.9
-    TextTable grid1(4, 7);
+    TextTable grid1(4, datacol::Count);
     for (int k = 1; k <= 3; ++k) {
-        grid1.setText(k, 2, "1.0000");
-        grid1.setText(k, 3, "10");
-        grid1.setText(k, 4, "50.000");
+        grid1.setText(k, datacol::LogDose, "1.0000");
+        grid1.setText(k, datacol::Treated, "10");
+        grid1.setText(k, datacol::Observed, "50.000");
     }
-    EXPECT_THROW(RunCycles(grid1, 3, shared), Fault);
+    EXPECT_THROW(RunCycles(grid1, 3, shared.fit, shared.probit), Fault);
 }
 
 TEST(Cycles, AReverseSlopeMayGiveOutOfScaleExpectedResponses) {
@@ -407,15 +413,15 @@ TEST(Cycles, AReverseSlopeMayGiveOutOfScaleExpectedResponses) {
     shared.fit.Slope = -4;
     shared.fit.MeanLogDose = 1;
     shared.fit.MeanProbit = 5;
-    TextTable grid1(4, 7);
+    TextTable grid1(4, datacol::Count);
     const char* logs[] = {"0.0000", "1.0000", "2.0000"};
     for (int k = 1; k <= 3; ++k)
-        grid1.setText(k, 2, logs[k - 1]);
-    WriteExpectedValues(grid1, 3, shared);
-    EXPECT_EQ(grid1.text(1, 6), "9.0000");
-    EXPECT_EQ(grid1.text(1, 5), "out of scale");
-    EXPECT_EQ(grid1.text(2, 5), "50");
-    EXPECT_EQ(grid1.text(3, 5), "out of scale");
+        grid1.setText(k, datacol::LogDose, logs[k - 1]);
+    WriteExpectedValues(grid1, 3, shared.fit, shared.probit);
+    EXPECT_EQ(grid1.text(1, datacol::LinearProbit), "9.0000");
+    EXPECT_EQ(grid1.text(1, datacol::LinearResponse), "out of scale");
+    EXPECT_EQ(grid1.text(2, datacol::LinearResponse), "50");
+    EXPECT_EQ(grid1.text(3, datacol::LinearResponse), "out of scale");
 }
 
 }  // namespace

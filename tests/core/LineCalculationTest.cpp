@@ -117,17 +117,17 @@ TEST(WorkedExample, StatisticsTable) {
     Session run;
     ASSERT_EQ(run.line(UnpairedTable(kWorked)), CalculationOutcome::Completed);
     const TextTable& g = run.results.Grid22;
-    EXPECT_EQ(g.text(0, 1), "2.3643");
-    EXPECT_EQ(g.text(0, 2), "+/-  0.2627");
-    EXPECT_EQ(g.text(1, 1), "0.2731");
-    EXPECT_EQ(g.text(1, 2), "tabulated  7.8");
-    EXPECT_FALSE(g.fore(1, 1));
-    EXPECT_EQ(g.text(2, 1), "0.965");
-    EXPECT_EQ(g.text(3, 1), "0.0910");
-    EXPECT_EQ(g.text(4, 1), "0.0474");
-    EXPECT_FALSE(g.fore(4, 1));
-    EXPECT_EQ(g.text(5, 1), "0.9988");
-    EXPECT_EQ(g.text(5, 2), "tabulated  0.878");
+    EXPECT_EQ(g.text(statrow::Slope, statcol::Value), "2.3643");
+    EXPECT_EQ(g.text(statrow::Slope, statcol::Tabulated), "+/-  0.2627");
+    EXPECT_EQ(g.text(statrow::ChiSquare, statcol::Value), "0.2731");
+    EXPECT_EQ(g.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  7.8");
+    EXPECT_FALSE(g.fore(statrow::ChiSquare, statcol::Value));
+    EXPECT_EQ(g.text(statrow::P, statcol::Value), "0.965");
+    EXPECT_EQ(g.text(statrow::H, statcol::Value), "0.0910");
+    EXPECT_EQ(g.text(statrow::G, statcol::Value), "0.0474");
+    EXPECT_FALSE(g.fore(statrow::G, statcol::Value));
+    EXPECT_EQ(g.text(statrow::R, statcol::Value), "0.9988");
+    EXPECT_EQ(g.text(statrow::R, statcol::Tabulated), "tabulated  0.878");
     const FitResult& fit = run.shared.fit;
     EXPECT_EQ(fit.DoseScale, 10);
     EXPECT_EQ(fit.DegreesOfFreedom, 3);
@@ -170,8 +170,8 @@ TEST(CalculationDriver, ThreeDosesWithoutControlLeaveRowOneEmpty) {
     ASSERT_EQ(run.line(table), CalculationOutcome::Completed);
     EXPECT_EQ(run.results.Grid1.rows(), 4);
     EXPECT_EQ(run.shared.fit.DegreesOfFreedom, 1);
-    EXPECT_EQ(run.results.Grid22.text(5, 2), "tabulated  0.997");
-    EXPECT_EQ(run.results.Grid22.text(1, 2), "tabulated  3.8");
+    EXPECT_EQ(run.results.Grid22.text(statrow::R, statcol::Tabulated), "tabulated  0.997");
+    EXPECT_EQ(run.results.Grid22.text(statrow::ChiSquare, statcol::Tabulated), "tabulated  3.8");
 }
 
 TEST(CalculationDriver, CalculateNeedsThreeDoseRows) {
@@ -192,10 +192,10 @@ TEST(CalculationDriver, SmallDosesAreScaledByAPowerOfTen) {
                   {{"0.001", "20", "10.000"}, {"0.01", "20", "50.000"}, {"0.1", "20", "90.000"}})),
               CalculationOutcome::Completed);
     EXPECT_EQ(run.shared.fit.DoseScale, 1000);
-    EXPECT_EQ(run.results.Grid1.text(1, 1), "1");
-    EXPECT_EQ(run.results.Grid1.text(1, 2), "0.0000");
-    EXPECT_EQ(run.results.Grid1.text(2, 2), "1.0000");
-    EXPECT_EQ(run.results.Grid1.text(3, 2), "2.0000");
+    EXPECT_EQ(run.results.Grid1.text(1, datacol::ScaledDose), "1");
+    EXPECT_EQ(run.results.Grid1.text(1, datacol::LogDose), "0.0000");
+    EXPECT_EQ(run.results.Grid1.text(2, datacol::LogDose), "1.0000");
+    EXPECT_EQ(run.results.Grid1.text(3, datacol::LogDose), "2.0000");
 }
 
 TEST(CalculationDriver, DoseScaleOfOneAndOfTen) {
@@ -209,7 +209,7 @@ TEST(CalculationDriver, DoseScaleOfOneAndOfTen) {
                   {{"0.5", "20", "10.000"}, {"10", "20", "50.000"}, {"100", "20", "90.000"}})),
               CalculationOutcome::Completed);
     EXPECT_EQ(b.shared.fit.DoseScale, 10);
-    EXPECT_EQ(b.results.Grid1.text(1, 1), "5");
+    EXPECT_EQ(b.results.Grid1.text(1, datacol::ScaledDose), "5");
 }
 
 TEST(CalculationDriver, ADoseTooSmallToScaleIsReportedNotAnEnd) {
@@ -243,7 +243,7 @@ TEST(CalculationDriver, PairedDoseWithTreatedOnlyIsUsedUncorrected) {
                                          {"4", "20", "60.000", "5.000", "57.895"}});
     ASSERT_EQ(run.line(table, true), CalculationOutcome::Completed);
     EXPECT_EQ(run.results.Grid1.rows(), 4);
-    EXPECT_EQ(run.results.Grid1.text(1, 4), "10.000");
+    EXPECT_EQ(run.results.Grid1.text(1, datacol::Observed), "10.000");
 }
 
 TEST(CalculationDriver, CorrectedValuesOfExactlyPointOneAndNinetyNinePointNinePass) {

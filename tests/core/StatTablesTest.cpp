@@ -32,20 +32,17 @@ TEST(TTable, StoredValuesAndHeadings) {
     EXPECT_EQ(TGrid().rows(), 122);
 }
 
-TEST(ChiSquareTable, LookupAndStoredValues) {
-    ChiSquareTable chisq;
-    EXPECT_EQ(chisq.lookup("1"), "3.8");
-    EXPECT_EQ(chisq.lookup("11"), "19.65");
-    EXPECT_EQ(chisq.lookup("30"), "43.8");
-    EXPECT_EQ(chisq.lookup("31"), "43.8");
-    EXPECT_EQ(chisq.lookup("1000"), "43.8");
+TEST(ChiSquareTable, StoredValuesAndTheRowOfThirtyBeyondIt) {
+    EXPECT_EQ(TabulatedChiSquare(1), "3.8");
+    EXPECT_EQ(TabulatedChiSquare(5), "11.1");
+    EXPECT_EQ(TabulatedChiSquare(11), "19.65");
+    EXPECT_EQ(TabulatedChiSquare(30), "43.8");
+    EXPECT_EQ(TabulatedChiSquare(31), "43.8");
+    EXPECT_EQ(TabulatedChiSquare(1000), "43.8");
 }
 
-TEST(ChiSquareTable, ZeroDegreesOfFreedomLeaveTheOutputAsItWas) {
-    ChiSquareTable chisq;
-    chisq.lookup("5");
-    EXPECT_EQ(chisq.lookup("0"), "11.1");
-    EXPECT_EQ(chisq.lookup(""), "");
+TEST(ChiSquareTable, NoRowBelowOneDegreeOfFreedom) {
+    EXPECT_THROW(TabulatedChiSquare(0), Fault);
 }
 
 TEST(CriticalR, StoredInterpolatedValues) {

@@ -40,10 +40,10 @@ TEST(SetUpResultColumns, EveryDefaultOptionWithThreeLines) {
     EXPECT_EQ(c.SlopeErrorColumn, 0);
     EXPECT_EQ(c.AddedColumns, (std::vector<int>{0, 11}));
     EXPECT_EQ(c.SortKeyColumn, 12);
-    for (int col = 5; col <= 7; ++col)
+    for (int col = c.PairColumns[1]; col <= c.PairColumns[3]; ++col)
         EXPECT_EQ(rtvout.Grid1.columnWidth(col), 300);
-    EXPECT_EQ(rtvout.Grid1.columnWidth(12), 0);
-    for (int col = 3; col <= 12; ++col)
+    EXPECT_EQ(rtvout.Grid1.columnWidth(c.SortKeyColumn), 0);
+    for (int col = c.LowerColumn; col <= c.SortKeyColumn; ++col)
         EXPECT_EQ(rtvout.Grid1.columnAlignment(col), 4);
 }
 
@@ -86,15 +86,15 @@ TEST(SortLines, OrdersByTheEstimateAndKeepsTheTwoGridsPaired) {
     Rtvout rtvout;
     FillRows(rtvin, rtvout, {{"ten", "10.000"}, {"empty", ""}, {"two and a half", "2.500"}});
     for (int row = 1; row <= 3; ++row)
-        rtvout.Grid2.setText(row, 1, rtvout.Grid1.text(row, 2));
+        rtvout.Grid2.setText(row, grid2col::Estimate, rtvout.Grid1.text(row, resultcol::Estimate));
     SortLines(rtvout);
     // An empty estimate reads as 0 and sorts first with key 0.
-    EXPECT_EQ(Column(rtvout.Grid1, 1), (Texts{"empty", "two and a half", "ten"}));
+    EXPECT_EQ(Column(rtvout.Grid1, resultcol::LineName), (Texts{"empty", "two and a half", "ten"}));
     const int key = rtvout.columns.SortKeyColumn;
     EXPECT_EQ(Column(rtvout.Grid1, key),
               (Texts{"0.000000000000", "1.009205015266", "1.023292992281"}));
     EXPECT_EQ(Column(rtvout.Grid2, grid2col::SortKey), Column(rtvout.Grid1, key));
-    EXPECT_EQ(Column(rtvout.Grid2, 1), (Texts{"", "2.500", "10.000"}));
+    EXPECT_EQ(Column(rtvout.Grid2, grid2col::Estimate), (Texts{"", "2.500", "10.000"}));
 }
 
 TEST(SortLines, TiesKeepTheirOrder) {
@@ -104,7 +104,8 @@ TEST(SortLines, TiesKeepTheirOrder) {
     FillRows(rtvin, rtvout,
              {{"second copy", "5.000"}, {"small", "1.000"}, {"first copy", "5.000"}});
     SortLines(rtvout);
-    EXPECT_EQ(Column(rtvout.Grid1, 1), (Texts{"small", "second copy", "first copy"}));
+    EXPECT_EQ(Column(rtvout.Grid1, resultcol::LineName),
+              (Texts{"small", "second copy", "first copy"}));
 }
 
 TEST(SortLines, ADoseOfTenToTheHundredSortsWrongly) {
@@ -115,7 +116,7 @@ TEST(SortLines, ADoseOfTenToTheHundredSortsWrongly) {
     Rtvout rtvout;
     FillRows(rtvin, rtvout, {{"1E+99", "10000E+95"}, {"1E+100", "10000E+96"}});
     SortLines(rtvout);
-    EXPECT_EQ(Column(rtvout.Grid1, 1), (Texts{"1E+100", "1E+99"}));
+    EXPECT_EQ(Column(rtvout.Grid1, resultcol::LineName), (Texts{"1E+100", "1E+99"}));
 }
 
 // The marks of the block of differences, row by row, one character per line's

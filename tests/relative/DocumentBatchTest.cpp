@@ -58,8 +58,8 @@ double ResultsWindowLD50(const std::string& path) {
                             results.channel()),
               CalculationOutcome::Completed);
     const TextTable& estimates = results.tables().Grid2;
-    EXPECT_EQ(estimates.text(3, 0), "50");
-    return NumberOf(estimates.text(3, 2));
+    EXPECT_EQ(estimates.text(3, estimatecol::Percent), "50");
+    return NumberOf(estimates.text(3, estimatecol::Dose));
 }
 
 const LineFileFigures kSusceptible = FiveDoses(1, {5, 14, 26, 38, 46});
@@ -75,11 +75,13 @@ TEST(DocumentBatch, EachLineGivesTheEstimateOfItsOwnResultsWindow) {
     ASSERT_EQ(c.run(), BatchOutcome::Shown) << ::testing::PrintToString(c.port.texts());
     EXPECT_TRUE(c.port.messages.empty());
     const Rtvout& out = *c.rtvin.rtvout();
-    EXPECT_EQ(Column(out.Grid1, 1), (Texts{"susceptible", "resistant"}));
+    EXPECT_EQ(Column(out.Grid1, resultcol::LineName), (Texts{"susceptible", "resistant"}));
     // The two routes format differently (three decimals here, four there) but take
     // the same dose from the same fit.
-    EXPECT_NEAR(NumberOf(out.Grid1.text(1, 2)), ResultsWindowLD50(susceptible), 0.0006);
-    EXPECT_NEAR(NumberOf(out.Grid1.text(2, 2)), ResultsWindowLD50(resistant), 0.0006);
+    EXPECT_NEAR(NumberOf(out.Grid1.text(1, resultcol::Estimate)), ResultsWindowLD50(susceptible),
+                0.0006);
+    EXPECT_NEAR(NumberOf(out.Grid1.text(2, resultcol::Estimate)), ResultsWindowLD50(resistant),
+                0.0006);
     EXPECT_EQ(out.Grid1.text(1, out.columns.RatioColumn), "1.000");
     // After the batch the shared registers hold the last file's line.
     EXPECT_EQ(c.shared.BatchName, "susceptible");
@@ -160,9 +162,10 @@ TEST(DocumentBatch, AnOlderFileGivesOnlyTheRowsOfItsFirstTable) {
     ASSERT_EQ(c.run(), BatchOutcome::Shown) << ::testing::PrintToString(c.port.texts());
     EXPECT_TRUE(c.port.messages.empty());
     const TextTable& grid = c.rtvin.rtvout()->Grid1;
-    EXPECT_EQ(Column(grid, 1), (Texts{"older", "treated"}));
-    for (int col = 2; col < grid.cols(); ++col) {
-        if (col >= 5 && col <= 6)
+    const ResultColumns& columns = c.rtvin.rtvout()->columns;
+    EXPECT_EQ(Column(grid, resultcol::LineName), (Texts{"older", "treated"}));
+    for (int col = resultcol::Estimate; col < grid.cols(); ++col) {
+        if (col >= columns.PairColumns[1] && col <= columns.PairColumns[2])
             continue;  // the block of differences: each line in its own column
         EXPECT_EQ(grid.text(1, col), grid.text(2, col)) << "column " << grid.text(0, col);
     }

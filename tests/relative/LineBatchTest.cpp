@@ -175,14 +175,14 @@ TEST(LineBatch, TheSameFileTwiceGivesTwoTiedRows) {
     c.add("twice", AtLog(1.5));
     c.addPath("/lines/twice.mrv");
     ASSERT_EQ(c.run(), BatchOutcome::Shown);
-    EXPECT_EQ(Column(c.out().Grid1, 1), (Texts{"twice", "twice"}));
-    EXPECT_EQ(Column(c.out().Grid1, 2), (Texts{"31.623", "31.623"}));
+    EXPECT_EQ(Column(c.out().Grid1, resultcol::LineName), (Texts{"twice", "twice"}));
+    EXPECT_EQ(Column(c.out().Grid1, resultcol::Estimate), (Texts{"31.623", "31.623"}));
     const int key = c.out().columns.SortKeyColumn;
     EXPECT_EQ(c.out().Grid1.text(1, key), c.out().Grid1.text(2, key));
     EXPECT_EQ(Column(c.out().Grid1, c.out().columns.RatioColumn), (Texts{"1.000", "1.000"}));
     // Overlapping limits: every pair is marked.
-    EXPECT_EQ(c.out().Grid1.text(1, 6), "*");
-    EXPECT_EQ(c.out().Grid1.text(2, 5), "*");
+    EXPECT_EQ(c.out().Grid1.text(1, c.out().columns.PairColumns[2]), "*");
+    EXPECT_EQ(c.out().Grid1.text(2, c.out().columns.PairColumns[1]), "*");
 }
 
 TEST(LineBatch, AnUnreadableSecondLineOfFiveEndsEverything) {
@@ -238,7 +238,7 @@ TEST(LineBatch, GOfPointFourGivesNoLimitsAndJustUnderGivesThem) {
     ASSERT_EQ(c.run(), BatchOutcome::Shown);
     const ResultColumns& col = c.out().columns;
     // Equal estimates keep their order; the limits of "under" widen with g.
-    EXPECT_EQ(Column(c.out().Grid1, 1), (Texts{"at", "under"}));
+    EXPECT_EQ(Column(c.out().Grid1, resultcol::LineName), (Texts{"at", "under"}));
     EXPECT_EQ(Column(c.out().Grid1, col.LowerColumn), (Texts{"", "6.624"}));
     EXPECT_EQ(Column(c.out().Grid1, col.UpperColumn), (Texts{"", "15.098"}));
     // The line without limits is neither marked nor marks.
@@ -313,7 +313,7 @@ TEST(LineBatch, TheSeventhLineIsBlackWithStyleOneWhereverItSorts) {
     for (int i = 1; i <= 7; ++i)
         c.add("line" + std::to_string(i), AtLog(2 - i * 0.1));
     ASSERT_EQ(c.run(), BatchOutcome::Shown);
-    EXPECT_EQ(c.out().Grid1.text(1, 1), "line7");
+    EXPECT_EQ(c.out().Grid1.text(1, resultcol::LineName), "line7");
     EXPECT_EQ(c.out().LineColors[7], 0x000000u);
     EXPECT_EQ(c.out().LineStyles[7], 1);
     EXPECT_EQ(c.out().LineColors[1], PaletteColor(8));

@@ -57,16 +57,16 @@ TEST(SizeResultColumns, TheWidestTextHeaderIncludedPlusAMargin) {
     rtvin.List1.items.clear();
     Rtvout rtvout;
     FillRows(rtvin, rtvout, {{"a much longer line name", ""}});
-    rtvout.Grid1.setText(0, 2, "");  // an empty column
+    rtvout.Grid1.setText(0, resultcol::Estimate, "");  // an empty column
     SizeResultColumns(rtvout, FixedWidthTextMeasurer(100));
-    EXPECT_EQ(rtvout.Grid1.columnWidth(0), 380);   // "No": 200 + 180
-    EXPECT_EQ(rtvout.Grid1.columnWidth(1), 2480);  // the name: 2300 + 180
-    EXPECT_EQ(rtvout.Grid1.columnWidth(2), 180);   // nothing but the margin
-    EXPECT_EQ(rtvout.Grid1.columnWidth(3), 0);     // the hidden key
+    EXPECT_EQ(rtvout.Grid1.columnWidth(resultcol::Number), 380);           // "No": 200 + 180
+    EXPECT_EQ(rtvout.Grid1.columnWidth(resultcol::LineName), 2480);        // the name: 2300 + 180
+    EXPECT_EQ(rtvout.Grid1.columnWidth(resultcol::Estimate), 180);         // nothing but the margin
+    EXPECT_EQ(rtvout.Grid1.columnWidth(rtvout.columns.SortKeyColumn), 0);  // the hidden key
     SizeResultColumns(rtvout, FixedWidthTextMeasurer(-1000));
-    EXPECT_EQ(rtvout.Grid1.columnWidth(1), 100);
+    EXPECT_EQ(rtvout.Grid1.columnWidth(resultcol::LineName), 100);
     SizeResultColumns(rtvout, FixedWidthTextMeasurer(10.25));
-    EXPECT_EQ(rtvout.Grid1.columnWidth(1), 416);  // 23 * 10.25 + 180 = 415.75
+    EXPECT_EQ(rtvout.Grid1.columnWidth(resultcol::LineName), 416);  // 23 * 10.25 + 180 = 415.75
 }
 
 }  // namespace

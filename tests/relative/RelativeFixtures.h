@@ -48,9 +48,9 @@ inline void FillRows(const Rtvin& rtvin, Rtvout& rtvout, const std::vector<Resul
     rtvout.Grid2.setRows(static_cast<int>(rows.size()) + 1);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const int row = static_cast<int>(i) + 1;
-        grid.setText(row, 0, std::to_string(row));
-        grid.setText(row, 1, rows[i].name);
-        grid.setText(row, 2, rows[i].estimate);
+        grid.setText(row, resultcol::Number, std::to_string(row));
+        grid.setText(row, resultcol::LineName, rows[i].name);
+        grid.setText(row, resultcol::Estimate, rows[i].estimate);
         if (rtvout.columns.LowerColumn) {
             grid.setText(row, rtvout.columns.LowerColumn, rows[i].lower);
             grid.setText(row, rtvout.columns.UpperColumn, rows[i].upper);

@@ -29,9 +29,9 @@ std::vector<std::string> Items(const ListControl& list) {
 TEST(Rtvin, LoadsWithItsInitialTableAndOptions) {
     Rtvin rtvin;
     EXPECT_EQ(rtvin.Grid1.dump(), "no.\tLine name\tFile path\n\t\t");
-    EXPECT_EQ(rtvin.Grid1.columnWidth(0), 400);
-    EXPECT_EQ(rtvin.Grid1.columnWidth(1), 1300);
-    EXPECT_EQ(rtvin.Grid1.columnWidth(2), 4700);
+    EXPECT_EQ(rtvin.Grid1.columnWidth(linecol::Number), 400);
+    EXPECT_EQ(rtvin.Grid1.columnWidth(linecol::Name), 1300);
+    EXPECT_EQ(rtvin.Grid1.columnWidth(linecol::Path), 4700);
     EXPECT_EQ(rtvin.Grid1.currentRow(), 1);
     EXPECT_EQ(rtvin.Grid1.currentCol(), 2);
     EXPECT_EQ(rtvin.Combo1.text, "LD");
@@ -104,8 +104,8 @@ TEST(Rtvin, TheChannelRefreshesTheListsOrOpensTheDialog) {
     ScriptedUserPort port;
     port.openAnswers = {std::string("/x/a line.mrv"), std::nullopt};
     rtvin.TextMsg("2", port);
-    EXPECT_EQ(rtvin.Grid1.text(1, 1), "a line");
-    rtvin.Grid1.setText(1, 1, "renamed in place");
+    EXPECT_EQ(rtvin.Grid1.text(1, linecol::Name), "a line");
+    rtvin.Grid1.setText(1, linecol::Name, "renamed in place");
     rtvin.TextMsg("3", port);  // no such code
     EXPECT_EQ(Items(rtvin.Combo3), (std::vector<std::string>{"1st one", "a line", "Last one"}));
     rtvin.TextMsg("1", port);
@@ -176,8 +176,8 @@ TEST(Rtvin, TwoFilesOfOneTitleGiveTwoRowsOfOneName) {
     Rtvin rtvin;
     ScriptedUserPort port;
     AddFiles(rtvin, port, {"/2023/strain.mrv", "/2024/strain.mrv"});
-    EXPECT_EQ(rtvin.Grid1.text(1, 1), "strain");
-    EXPECT_EQ(rtvin.Grid1.text(2, 1), "strain");
+    EXPECT_EQ(rtvin.Grid1.text(1, linecol::Name), "strain");
+    EXPECT_EQ(rtvin.Grid1.text(2, linecol::Name), "strain");
     EXPECT_EQ(Items(rtvin.Combo3),
               (std::vector<std::string>{"1st one", "strain", "strain", "Last one"}));
     EXPECT_EQ(Items(rtvin.Combo4),
@@ -218,7 +218,7 @@ TEST(Rtvin, RenamingWritesTheAnswerAndRefreshesTheLists) {
     rtvin.Combo3.listIndex = 2;
     port.inputAnswers = {std::string("")};
     rtvin.Command9Click(port);
-    EXPECT_EQ(rtvin.Grid1.text(2, 1), "b");
+    EXPECT_EQ(rtvin.Grid1.text(2, linecol::Name), "b");
     EXPECT_EQ(rtvin.Combo3.listIndex, 2);
     ASSERT_EQ(port.inputs.size(), 1u);
     EXPECT_EQ(port.inputs[0].prompt, "Set the new line name ");
@@ -227,8 +227,8 @@ TEST(Rtvin, RenamingWritesTheAnswerAndRefreshesTheLists) {
 
     port.inputAnswers = {std::string("Susceptible lab strain")};
     rtvin.Command9Click(port);
-    EXPECT_EQ(rtvin.Grid1.text(2, 1), "Susceptible lab strain");
-    EXPECT_EQ(rtvin.Grid1.text(2, 2), "/d/b.mrv");
+    EXPECT_EQ(rtvin.Grid1.text(2, linecol::Name), "Susceptible lab strain");
+    EXPECT_EQ(rtvin.Grid1.text(2, linecol::Path), "/d/b.mrv");
     EXPECT_EQ(rtvin.Combo3.listIndex, 0);
     EXPECT_EQ(Items(rtvin.Combo3),
               (std::vector<std::string>{"1st one", "a", "Susceptible lab strain", "Last one"}));

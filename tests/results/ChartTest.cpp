@@ -19,7 +19,7 @@ namespace {
 
 class ChartTest : public ::testing::Test {
   protected:
-    ChartTest() : grid1(4, 7), chart(grid1, shared) {
+    ChartTest() : grid1(4, datacol::Count), chart(grid1, shared) {
         shared.fit.Slope = 2;
         shared.fit.MeanLogDose = 1;
         shared.fit.MeanProbit = 5;
@@ -33,12 +33,12 @@ class ChartTest : public ::testing::Test {
 
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
-        grid1.setText(r, 0, dose);
-        grid1.setText(r, 1, dose);
-        grid1.setText(r, 2, logDose);
-        grid1.setText(r, 3, "20");
-        grid1.setText(r, 4, observed);
-        grid1.setText(r, 6, probit);
+        grid1.setText(r, datacol::Dose, dose);
+        grid1.setText(r, datacol::ScaledDose, dose);
+        grid1.setText(r, datacol::LogDose, logDose);
+        grid1.setText(r, datacol::Treated, "20");
+        grid1.setText(r, datacol::Observed, observed);
+        grid1.setText(r, datacol::LinearProbit, probit);
     }
 
     void manualCycles(const std::string& n) {
@@ -205,10 +205,10 @@ TEST_F(ChartTest, PercentAndProbitLabels) {
 
 TEST_F(ChartTest, ActualRangeJoinsTheRowsInTableOrder) {
     chart.RedrawChart();
-    EXPECT_EQ(chart.Grid3().text(1, 0), "0");
-    EXPECT_EQ(chart.Grid3().text(2, 0), "2000");
-    EXPECT_EQ(chart.Grid3().text(2, 1), "1500");
-    EXPECT_EQ(chart.Grid3().text(1, 1), PlainText(((3.0 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid3().text(1, pointcol::X), "0");
+    EXPECT_EQ(chart.Grid3().text(2, pointcol::X), "2000");
+    EXPECT_EQ(chart.Grid3().text(2, pointcol::Y), "1500");
+    EXPECT_EQ(chart.Grid3().text(1, pointcol::Y), PlainText(((3.0 - 2.67) / 4.66) * 3000));
     EXPECT_EQ(chart.drawing().dump(),
               "clear\n"
               "line 0 2788 2000 1500 w1\n"
@@ -221,9 +221,9 @@ TEST_F(ChartTest, AdjustedRangeDrawsOnlyBetweenTheTwoPercents) {
     // 20% is probit 4.1584 and 80% probit 5.8416 in the tables.
     const double low = (4.1584 - 5 + 2) / 2, high = (5.8416 - 5 + 2) / 2;
     EXPECT_DOUBLE_EQ(chart.CycleShift(), 0);
-    EXPECT_EQ(chart.Grid4().text(1, 0), PlainText(low * 2000));
-    EXPECT_EQ(chart.Grid4().text(2, 0), PlainText(high * 2000));
-    EXPECT_EQ(chart.Grid4().text(1, 1), PlainText(((4.1584 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid4().text(1, pointcol::X), PlainText(low * 2000));
+    EXPECT_EQ(chart.Grid4().text(2, pointcol::X), PlainText(high * 2000));
+    EXPECT_EQ(chart.Grid4().text(1, pointcol::Y), PlainText(((4.1584 - 2.67) / 4.66) * 3000));
     EXPECT_EQ(chart.drawing().dump(), "clear\nline 1158 2042 2842 958 w1\n");
     EXPECT_FALSE(chart.limitsOkEnabled());
 }
@@ -235,7 +235,7 @@ TEST_F(ChartTest, AdjustedRangeBelowTheFirstDecadeShiftsTheAxis) {
     EXPECT_EQ(chart.leftEndLabel().caption, "0.10");
     // LogOrigin = log10(0.1) + 1, so the decade -1 begins at x = 0.
     EXPECT_NEAR(chart.LogOrigin(), 0, 1e-12);
-    const double x = NumberOf(chart.Grid4().text(1, 0));
+    const double x = NumberOf(chart.Grid4().text(1, pointcol::X));
     EXPECT_NEAR(x, ((2.6737 - 5 + 2) / 2 + 1) * 2000, 1e-6);
 }
 
@@ -318,8 +318,8 @@ TEST_F(ChartTest, ObservedPointsAtTheObservedProbits) {
     chart.RedrawChart();
     chart.clickShowPoints(true);
     // 10% is probit 3.7184, 50% 5, 90% 6.2816.
-    EXPECT_EQ(chart.Grid5().text(2, 0), "2000");
-    EXPECT_EQ(chart.Grid5().text(2, 1), "1500");
+    EXPECT_EQ(chart.Grid5().text(2, pointcol::X), "2000");
+    EXPECT_EQ(chart.Grid5().text(2, pointcol::Y), "1500");
     EXPECT_EQ(chart.drawing().dump(),
               "clear\n"
               "line 0 2788 2000 1500 w1\n"
@@ -336,8 +336,8 @@ TEST_F(ChartTest, ObservedPercentOfZeroAndHundredTakeProbitsOneAndNine) {
     grid1.setText(3, 4, "100");
     chart.RedrawChart();
     chart.clickShowPoints(true);
-    EXPECT_EQ(chart.Grid5().text(1, 1), PlainText(((1 - 2.67) / 4.66) * 3000));
-    EXPECT_EQ(chart.Grid5().text(3, 1), PlainText(((9 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid5().text(1, pointcol::Y), PlainText(((1 - 2.67) / 4.66) * 3000));
+    EXPECT_EQ(chart.Grid5().text(3, pointcol::Y), PlainText(((9 - 2.67) / 4.66) * 3000));
 }
 
 TEST_F(ChartTest, MarkDropsFromItsLevelToTheDoseAxisWithItsEstimate) {
@@ -455,7 +455,7 @@ TEST_F(ChartTest, LineStartsAtTheDecadeOfTheFirstDose) {
     chart.RedrawChart();
     EXPECT_EQ(chart.leftEndLabel().caption, "0.10");
     EXPECT_NEAR(chart.LogOrigin(), -1, 1e-12);
-    EXPECT_NEAR(NumberOf(chart.Grid3().text(1, 0)), (-0.5229 + 1) * 2000, 1e-6);
+    EXPECT_NEAR(NumberOf(chart.Grid3().text(1, pointcol::X)), (-0.5229 + 1) * 2000, 1e-6);
 }
 
 TEST_F(ChartTest, EmptyTableLeavesAnEmptyPlot) {
@@ -472,6 +472,49 @@ TEST_F(ChartTest, CellThatIsNoNumberLeavesAnEmptyPlot) {
     grid1.setText(2, 6, "");
     EXPECT_FALSE(chart.RedrawChart());
     EXPECT_EQ(chart.drawing().dump(), "clear\n");
+}
+
+TEST_F(ChartTest, LeavingANumberBoxWritesItsNumberPlain) {
+    chart.clickAdjustRange(port);
+    chart.setLowPercent("020.50");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::LowPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.lowPercent(), "20.5");
+    EXPECT_TRUE(chart.limitsOkEnabled());
+    chart.setHighPercent("8E1");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::HighPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.highPercent(), "80");
+    chart.setMarkPercent("5.0");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::MarkPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.markPercent(), "5");
+    chart.setMarkPercent("");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::MarkPercent, port), ChartFocus::None);
+    EXPECT_EQ(chart.markPercent(), "");
+    EXPECT_TRUE(port.messages.empty());
+}
+
+TEST_F(ChartTest, LeavingANumberBoxThatHoldsNoNumberKeepsTheFocus) {
+    chart.setLowPercent("-");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::LowPercent, port), ChartFocus::LowPercent);
+    chart.setHighPercent(".");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::HighPercent, port), ChartFocus::HighPercent);
+    EXPECT_EQ(port.texts(), (std::vector<std::string>{"invaled value!", "invaled value!"}));
+    EXPECT_EQ(chart.lowPercent(), "-");
+    // The box of a mark keeps the focus without a word.
+    chart.setMarkPercent("-");
+    EXPECT_EQ(chart.leaveNumberBox(ChartFocus::MarkPercent, port), ChartFocus::MarkPercent);
+    EXPECT_EQ(port.messages.size(), 2U);
+}
+
+TEST_F(ChartTest, RulingOfThePaperAtThePercentsAndTheCycles) {
+    ASSERT_TRUE(chart.RedrawChart());
+    const std::vector<double> percents = chart.PercentRulings();
+    ASSERT_EQ(percents.size(), 9U);
+    // 50% is probit 5, halfway up the plot of 3000.
+    EXPECT_EQ(percents[4], 1500);
+    EXPECT_EQ(percents[0], 3000 - ChartY(NumberOf(shared.probit.PercentToProbit("10")), 3000));
+    // Three cycles over 6000: the inner boundaries at 2000 and 4000, ticks 70 high.
+    using Rule = LogProbitChart::CycleRule;
+    EXPECT_EQ(chart.CycleRulings(), (std::vector<Rule>{{2000, 2930}, {4000, 2930}}));
 }
 
 }  // namespace

@@ -64,8 +64,8 @@ TEST_F(LineResultsTest, DoseScaleOfOneHeadsColumnOneWithTheDoseWordAStarAndOne) 
     shared.fit.DoseScale = 1;
     results.FormatDataTable();
     const TextTable& grid1 = results.tables().Grid1;
-    EXPECT_EQ(grid1.text(0, 1), "Dose\n*  1");
-    EXPECT_EQ(grid1.text(0, 2), "Log\n(Dose*1)");
+    EXPECT_EQ(grid1.text(0, datacol::ScaledDose), "Dose\n*  1");
+    EXPECT_EQ(grid1.text(0, datacol::LogDose), "Log\n(Dose*1)");
     EXPECT_EQ(results.HeadingSingle()[1], "Dose * 1");
 }
 
@@ -104,8 +104,8 @@ TEST_F(LineResultsTest, DataTableWidthsAndAlignments) {
         EXPECT_EQ(grid1.cellAlignment(0, c), 3) << c;  // headings centred at the top
     }
     for (int r = 1; r < 4; ++r)
-        EXPECT_EQ(grid1.cellAlignment(r, 0), 1) << r;
-    EXPECT_EQ(grid1.cellAlignment(1, 1), std::nullopt);
+        EXPECT_EQ(grid1.cellAlignment(r, datacol::Dose), 1) << r;
+    EXPECT_EQ(grid1.cellAlignment(1, datacol::ScaledDose), std::nullopt);
     EXPECT_EQ(grid1.rowHeight(0), 500);
 }
 
@@ -140,8 +140,8 @@ TEST_F(LineResultsTest, EstimatesTableWidthsAlignmentsAndHeights) {
     const int widths[] = {650, 100, 1400, 1400, -1};
     for (int c = 0; c < 5; ++c)
         EXPECT_EQ(grid2.columnWidth(c), widths[c]) << c;
-    EXPECT_EQ(grid2.columnAlignment(0), std::nullopt);
-    for (int c = 2; c < 5; ++c)
+    EXPECT_EQ(grid2.columnAlignment(estimatecol::Percent), std::nullopt);
+    for (int c = estimatecol::Dose; c <= estimatecol::Upper; ++c)
         EXPECT_EQ(grid2.columnAlignment(c), 1) << c;
     for (int r = 2; r < 8; ++r)
         EXPECT_EQ(grid2.rowHeight(r), 400) << r;
@@ -152,18 +152,18 @@ TEST_F(LineResultsTest, GOfExactlyPointFourLeavesTheLimitCellsEmpty) {
     results.FormatEstimateTables();
     const TextTable& grid2 = results.tables().Grid2;
     for (int r = 2; r < 8; ++r) {
-        EXPECT_NE(grid2.text(r, 2), "") << r;
-        EXPECT_EQ(grid2.text(r, 3), "") << r;
-        EXPECT_EQ(grid2.text(r, 4), "") << r;
+        EXPECT_NE(grid2.text(r, estimatecol::Dose), "") << r;
+        EXPECT_EQ(grid2.text(r, estimatecol::Lower), "") << r;
+        EXPECT_EQ(grid2.text(r, estimatecol::Upper), "") << r;
     }
-    EXPECT_EQ(grid2.text(2, 2), "4.5999");
+    EXPECT_EQ(grid2.text(2, estimatecol::Dose), "4.5999");
 }
 
 TEST_F(LineResultsTest, GJustBelowPointFourGivesLimits) {
     SetHandLine(shared, 0.399);
     results.FormatEstimateTables();
-    EXPECT_EQ(results.tables().Grid2.text(2, 3), "1.3684");
-    EXPECT_EQ(results.tables().Grid2.text(2, 4), "5.5142");
+    EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Lower), "1.3684");
+    EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Upper), "5.5142");
 }
 
 TEST_F(LineResultsTest, ALimitThatRoundsToZeroStaysAnEmptyCell) {
@@ -174,14 +174,14 @@ TEST_F(LineResultsTest, ALimitThatRoundsToZeroStaysAnEmptyCell) {
     const TextTable& grid2 = results.tables().Grid2;
     // 25%: 4.5999 / 10^6 rounds to 0 as well, and is written as "0": only limits
     // read 0 as "none".
-    EXPECT_EQ(grid2.text(2, 2), "0");
-    EXPECT_EQ(grid2.text(2, 3), "");
-    EXPECT_EQ(grid2.text(2, 4), "");
+    EXPECT_EQ(grid2.text(2, estimatecol::Dose), "0");
+    EXPECT_EQ(grid2.text(2, estimatecol::Lower), "");
+    EXPECT_EQ(grid2.text(2, estimatecol::Upper), "");
     // 99%: 145.5962 / 10^6 = 0.0001456 gives 0.0001; the limits 0.0000592 and
     // 0.00194565 give 0.0001 and 0.0019.
-    EXPECT_EQ(grid2.text(7, 2), "0.0001");
-    EXPECT_EQ(grid2.text(7, 3), "0.0001");
-    EXPECT_EQ(grid2.text(7, 4), "0.0019");
+    EXPECT_EQ(grid2.text(7, estimatecol::Dose), "0.0001");
+    EXPECT_EQ(grid2.text(7, estimatecol::Lower), "0.0001");
+    EXPECT_EQ(grid2.text(7, estimatecol::Upper), "0.0019");
 }
 
 TEST_F(LineResultsTest, NegativeSlopeKeepsTheUpperLimitTheLarger) {
@@ -189,9 +189,9 @@ TEST_F(LineResultsTest, NegativeSlopeKeepsTheUpperLimitTheLarger) {
     shared.fit.Slope = -2;
     results.FormatEstimateTables();
     const TextTable& grid2 = results.tables().Grid2;
-    EXPECT_EQ(grid2.text(2, 2), "21.7395");
-    EXPECT_EQ(grid2.text(2, 3), "15.8126");
-    EXPECT_EQ(grid2.text(2, 4), "48.8219");
+    EXPECT_EQ(grid2.text(2, estimatecol::Dose), "21.7395");
+    EXPECT_EQ(grid2.text(2, estimatecol::Lower), "15.8126");
+    EXPECT_EQ(grid2.text(2, estimatecol::Upper), "48.8219");
     // The dose of 99% is now the small one, that of 1% the large one.
     EXPECT_DOUBLE_EQ(shared.Dose99Percent, 0.6868);
     EXPECT_DOUBLE_EQ(shared.Dose1Percent, 145.5962);
@@ -201,7 +201,7 @@ TEST_F(LineResultsTest, EstimatesTableStartsAfreshAtEachCalculation) {
     SetHandLine(shared);
     results.FormatEstimateTables();
     results.tables().Grid2.addRow();
-    results.tables().Grid2.setText(8, 0, "12.5");
+    results.tables().Grid2.setText(8, estimatecol::Percent, "12.5");
     results.FormatEstimateTables();
     EXPECT_EQ(results.tables().Grid2.rows(), 8);
 }
@@ -210,16 +210,16 @@ TEST_F(LineResultsTest, StatisticsNamesAndTheChiSquarePicture) {
     SetHandLine(shared);
     results.FormatEstimateTables();
     const TextTable& grid22 = results.tables().Grid22;
-    EXPECT_EQ(grid22.text(0, 0), "Slope");
-    EXPECT_EQ(grid22.text(1, 0), "");
-    EXPECT_EQ(grid22.picture(1, 0), kChiSquarePicture);
-    EXPECT_EQ(grid22.text(2, 0), "p");
-    EXPECT_EQ(grid22.text(3, 0), "h");
-    EXPECT_EQ(grid22.text(4, 0), "g");
-    EXPECT_EQ(grid22.text(5, 0), "r");
-    EXPECT_EQ(grid22.columnWidth(0), 700);
-    EXPECT_EQ(grid22.columnWidth(1), 1400);
-    EXPECT_EQ(grid22.columnWidth(2), 1500);
+    EXPECT_EQ(grid22.text(statrow::Slope, statcol::Name), "Slope");
+    EXPECT_EQ(grid22.text(statrow::ChiSquare, statcol::Name), "");
+    EXPECT_EQ(grid22.picture(statrow::ChiSquare, statcol::Name), kChiSquarePicture);
+    EXPECT_EQ(grid22.text(statrow::P, statcol::Name), "p");
+    EXPECT_EQ(grid22.text(statrow::H, statcol::Name), "h");
+    EXPECT_EQ(grid22.text(statrow::G, statcol::Name), "g");
+    EXPECT_EQ(grid22.text(statrow::R, statcol::Name), "r");
+    EXPECT_EQ(grid22.columnWidth(statcol::Name), 700);
+    EXPECT_EQ(grid22.columnWidth(statcol::Value), 1400);
+    EXPECT_EQ(grid22.columnWidth(statcol::Tabulated), 1500);
     EXPECT_EQ(grid22.columnAlignment(1), 1);
     EXPECT_EQ(grid22.columnAlignment(2), 1);
 }
@@ -259,15 +259,15 @@ TEST_F(LineResultsTest, ColumnsFitTheirWidestTextPlusTheMargin) {
     ASSERT_EQ(calculate(testing::RotenoneResponses()), CalculationOutcome::Completed);
     // 120 twips a character; a heading measures as its widest line.
     const TextTable& grid1 = results.tables().Grid1;
-    EXPECT_EQ(grid1.columnWidth(0), 4 * 120 + 325);   // "Con.", "10.2"
-    EXPECT_EQ(grid1.columnWidth(2), 8 * 120 + 325);   // "(Con.*1)"
-    EXPECT_EQ(grid1.columnWidth(3), 7 * 120 + 325);   // "Treated"
-    EXPECT_EQ(grid1.columnWidth(4), 10 * 120 + 325);  // "response %"
+    EXPECT_EQ(grid1.columnWidth(datacol::Dose), 4 * 120 + 325);       // "Con.", "10.2"
+    EXPECT_EQ(grid1.columnWidth(datacol::LogDose), 8 * 120 + 325);    // "(Con.*1)"
+    EXPECT_EQ(grid1.columnWidth(datacol::Treated), 7 * 120 + 325);    // "Treated"
+    EXPECT_EQ(grid1.columnWidth(datacol::Observed), 10 * 120 + 325);  // "response %"
     const TextTable& grid2 = results.tables().Grid2;
-    EXPECT_EQ(grid2.columnWidth(0), 2 * 120 + 300);   // "LC", "25"
-    EXPECT_EQ(grid2.columnWidth(1), 300);             // the empty spacer
-    EXPECT_EQ(grid2.columnWidth(2), 7 * 120 + 600);   // "11.9196"
-    EXPECT_EQ(grid2.columnWidth(3), 11 * 120 + 600);  // "Lower limit"
+    EXPECT_EQ(grid2.columnWidth(estimatecol::Percent), 2 * 120 + 300);  // "LC", "25"
+    EXPECT_EQ(grid2.columnWidth(estimatecol::Gap), 300);                // the empty spacer
+    EXPECT_EQ(grid2.columnWidth(estimatecol::Dose), 7 * 120 + 600);     // "11.9196"
+    EXPECT_EQ(grid2.columnWidth(estimatecol::Lower), 11 * 120 + 600);   // "Lower limit"
 }
 
 TEST(FixedWidthTextMeasurer, MeasuresTheWidestLine) {
@@ -283,16 +283,16 @@ TEST_F(LineResultsTest, ChannelCodesBuildTheTables) {
     SetHandLine(shared);
     const ResultsChannel channel = results.channel();
     channel(0);
-    EXPECT_EQ(results.tables().Grid2.text(2, 0), "");
+    EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Percent), "");
     channel(1);
-    EXPECT_EQ(results.tables().Grid1.text(0, 3), "Treated");
-    EXPECT_EQ(results.tables().Grid2.text(3, 2), "10");
-    EXPECT_EQ(results.tables().Grid2.columnWidth(2), 1400);
+    EXPECT_EQ(results.tables().Grid1.text(0, datacol::Treated), "Treated");
+    EXPECT_EQ(results.tables().Grid2.text(3, estimatecol::Dose), "10");
+    EXPECT_EQ(results.tables().Grid2.columnWidth(estimatecol::Dose), 1400);
     channel(5);
-    EXPECT_EQ(results.tables().Grid2.columnWidth(2), 8 * 120 + 600);  // "145.5962"
-    EXPECT_EQ(results.tables().Grid1.columnWidth(3), -1);
+    EXPECT_EQ(results.tables().Grid2.columnWidth(estimatecol::Dose), 8 * 120 + 600);  // "145.5962"
+    EXPECT_EQ(results.tables().Grid1.columnWidth(datacol::Treated), -1);
     channel(2);
-    EXPECT_EQ(results.tables().Grid1.columnWidth(3), 7 * 120 + 325);
+    EXPECT_EQ(results.tables().Grid1.columnWidth(datacol::Treated), 7 * 120 + 325);
 }
 
 TEST_F(LineResultsTest, PrintCodesGoToThePrintHandler) {
@@ -338,8 +338,8 @@ TEST_F(LineResultsTest, RotenoneAssayAsCopyTablesGivesIt) {
               "99\t17.3058\t13.5868\t25.0888\t");
     EXPECT_DOUBLE_EQ(shared.Dose1Percent, 1.3568);
     EXPECT_DOUBLE_EQ(shared.Dose99Percent, 17.3058);
-    EXPECT_EQ(results.tables().Grid22.fore(1, 1), std::nullopt);
-    EXPECT_EQ(results.tables().Grid22.fore(4, 1), std::nullopt);
+    EXPECT_EQ(results.tables().Grid22.fore(statrow::ChiSquare, statcol::Value), std::nullopt);
+    EXPECT_EQ(results.tables().Grid22.fore(statrow::G, statcol::Value), std::nullopt);
     EXPECT_EQ(results.tables().Text8, "");
 }
 
@@ -349,8 +349,9 @@ TEST_F(LineResultsTest, RotenoneAgreesWithAMaximumLikelihoodFit) {
     // by iteratively reweighted least squares with the exact normal integral); the
     // tolerances allow for the interpolation in the printed tables.
     ASSERT_EQ(calculate(testing::RotenoneResponses()), CalculationOutcome::Completed);
-    EXPECT_NEAR(NumberOf(results.tables().Grid22.text(0, 1)), 4.21320, 0.01);
-    EXPECT_NEAR(NumberOf(results.tables().Grid2.text(3, 2)), 4.84549, 0.001);
+    EXPECT_NEAR(NumberOf(results.tables().Grid22.text(statrow::Slope, statcol::Value)), 4.21320,
+                0.01);
+    EXPECT_NEAR(NumberOf(results.tables().Grid2.text(3, estimatecol::Dose)), 4.84549, 0.001);
 }
 
 TEST_F(LineResultsTest, ScaledDosesCancelOutInTheEstimates) {
@@ -413,7 +414,7 @@ class StatisticsTableTest : public LineResultsTest {
         CycleSums sums;
         sums.Syy = syy;
         sums.Sxy = sxy;
-        WriteStatistics(results.tables(), doses, sums, 1, shared);
+        WriteStatistics(results.tables(), doses, sums, 1, shared.fit);
         results.Text1(1);
     }
 };
@@ -421,14 +422,15 @@ class StatisticsTableTest : public LineResultsTest {
 TEST_F(StatisticsTableTest, ChiSquareEqualToTheTabulatedValueIsRed) {
     // Three degrees of freedom: tabulated 7.8; chi-square = Syy - Sxy^2 / Sxx = 7.8.
     writeStatistics(2, 4, 7.8, 0);
-    EXPECT_EQ(results.tables().Grid22.text(1, 1), "7.8000");
-    EXPECT_EQ(results.tables().Grid22.text(1, 2), "tabulated  7.8");
-    EXPECT_EQ(results.tables().Grid22.fore(1, 1), kRed);
+    EXPECT_EQ(results.tables().Grid22.text(statrow::ChiSquare, statcol::Value), "7.8000");
+    EXPECT_EQ(results.tables().Grid22.text(statrow::ChiSquare, statcol::Tabulated),
+              "tabulated  7.8");
+    EXPECT_EQ(results.tables().Grid22.fore(statrow::ChiSquare, statcol::Value), kRed);
 }
 
 TEST_F(StatisticsTableTest, ChiSquareJustBelowTheTabulatedValueIsBlack) {
     writeStatistics(2, 4, 7.79, 0);
-    EXPECT_EQ(results.tables().Grid22.fore(1, 1), std::nullopt);
+    EXPECT_EQ(results.tables().Grid22.fore(statrow::ChiSquare, statcol::Value), std::nullopt);
 }
 
 TEST_F(StatisticsTableTest, GOfExactlyPointFourIsBlackWithoutNoticeYetHasNoLimits) {
@@ -436,13 +438,13 @@ TEST_F(StatisticsTableTest, GOfExactlyPointFourIsBlackWithoutNoticeYetHasNoLimit
     // Sxx = 2.5.
     writeStatistics(1.96, 2.5, 1, 0);
     ASSERT_EQ(shared.fit.GValue, 0.4);
-    EXPECT_EQ(results.tables().Grid22.text(4, 1), "0.4000");
-    EXPECT_EQ(results.tables().Grid22.fore(4, 1), std::nullopt);
+    EXPECT_EQ(results.tables().Grid22.text(statrow::G, statcol::Value), "0.4000");
+    EXPECT_EQ(results.tables().Grid22.fore(statrow::G, statcol::Value), std::nullopt);
     EXPECT_EQ(results.tables().Text8, "");
     EXPECT_EQ(results.tables().Grid2ToolTip, "");
     for (int r = 2; r < 8; ++r) {
-        EXPECT_EQ(results.tables().Grid2.text(r, 3), "") << r;
-        EXPECT_EQ(results.tables().Grid2.text(r, 4), "") << r;
+        EXPECT_EQ(results.tables().Grid2.text(r, estimatecol::Lower), "") << r;
+        EXPECT_EQ(results.tables().Grid2.text(r, estimatecol::Upper), "") << r;
     }
 }
 
@@ -452,28 +454,29 @@ TEST_F(StatisticsTableTest, GJustAbovePointFourIsRedWithTheNotice) {
     const std::string notice =
         "Upper and lower limits will be calculated only for the data of which g is less "
         "than 0.4.   See help for more details.";
-    EXPECT_EQ(results.tables().Grid22.text(4, 1), "0.4000");
-    EXPECT_EQ(results.tables().Grid22.fore(4, 1), kRed);
+    EXPECT_EQ(results.tables().Grid22.text(statrow::G, statcol::Value), "0.4000");
+    EXPECT_EQ(results.tables().Grid22.fore(statrow::G, statcol::Value), kRed);
     EXPECT_EQ(results.tables().Text8, notice);
     EXPECT_EQ(results.tables().Grid2ToolTip, notice);
-    EXPECT_EQ(results.tables().Grid2.text(2, 3), "");
-    EXPECT_EQ(results.tables().Grid2.text(7, 4), "");
+    EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Lower), "");
+    EXPECT_EQ(results.tables().Grid2.text(7, estimatecol::Upper), "");
 }
 
 TEST_F(StatisticsTableTest, POfOneHalfShowsAsPointFiveAndHOfOneHalfWithFourDecimals) {
     // Two degrees of freedom (four doses): p = exp(-chi / 2) = 0.5 for chi = 2 ln 2.
     writeStatistics(2, 4, 2 * std::log(2.0), 0, 4);
-    EXPECT_EQ(results.tables().Grid22.text(2, 1), "0.5");
+    EXPECT_EQ(results.tables().Grid22.text(statrow::P, statcol::Value), "0.5");
     // chi-square 1 over two degrees of freedom: h = 0.5.
     writeStatistics(2, 4, 1, 0, 4);
-    EXPECT_EQ(results.tables().Grid22.text(3, 1), "0.5000");
+    EXPECT_EQ(results.tables().Grid22.text(statrow::H, statcol::Value), "0.5000");
 }
 
 TEST_F(StatisticsTableTest, ThirtyOneDegreesOfFreedom) {
     writeStatistics(2, 4, 10, 0, 33);
-    EXPECT_EQ(results.tables().Grid22.text(2, 1), "0");
-    EXPECT_EQ(results.tables().Grid22.text(5, 2), "");
-    EXPECT_EQ(results.tables().Grid22.text(1, 2), "tabulated  43.8");
+    EXPECT_EQ(results.tables().Grid22.text(statrow::P, statcol::Value), "0");
+    EXPECT_EQ(results.tables().Grid22.text(statrow::R, statcol::Tabulated), "");
+    EXPECT_EQ(results.tables().Grid22.text(statrow::ChiSquare, statcol::Tabulated),
+              "tabulated  43.8");
 }
 
 // --- Closing ------------------------------------------------------------------------

@@ -119,7 +119,7 @@ TEST_F(ResultQueriesTest, PercentsOfExactlyPointOneAndNinetyNinePointNineAreAcce
     queries().Command4();
     EXPECT_EQ(lastRow(), "99.9||350.8326|107.3142|10862.5156");
     // The standard rows still stop at 99.
-    EXPECT_EQ(grid2().text(7, 0), "99");
+    EXPECT_EQ(grid2().text(7, estimatecol::Percent), "99");
 }
 
 TEST_F(ResultQueriesTest, PercentsJustOutsideAreOutOfScale) {
@@ -152,7 +152,7 @@ TEST_F(ResultQueriesTest, RowOfAPercentKeepsThePercentAsTyped) {
     EXPECT_EQ(lastRow(), "50||10|7.7193|12.9545");
     askPercent("12.5");
     queries().Command4();
-    EXPECT_EQ(grid2().text(grid2().rows() - 1, 0), "12.5");
+    EXPECT_EQ(grid2().text(grid2().rows() - 1, estimatecol::Percent), "12.5");
 }
 
 TEST_F(ResultQueriesTest, ChangingThePercentClearsTheResult) {

@@ -12,13 +12,13 @@ namespace {
 // Two dose rows, statistics and one standard row with limits and one without.
 ResultsTables SmallTables() {
     ResultsTables t;
-    t.Grid1 = TextTable(3, 7);
+    t.Grid1 = TextTable(3, datacol::Count);
     const char* const rows[2][7] = {{"1", "1", "0.0000", "20", "10.000", "9.8", "3.7"},
                                     {"10", "10", "1.0000", "20", "90.000", "90.1", "6.3"}};
     for (int r = 0; r < 2; ++r)
         for (int c = 0; c < 7; ++c)
             t.Grid1.setText(r + 1, c, rows[r][c]);
-    t.Grid1.setText(0, 0, "heading row is not exported");
+    t.Grid1.setText(0, datacol::Dose, "heading row is not exported");
     const char* const stats[6][3] = {{"Slope", "2.0000", "+/-  0.5000"},
                                      {"", "1.0000", "tabulated  3.8"},
                                      {"p", "0.3173", ""},
@@ -28,8 +28,8 @@ ResultsTables SmallTables() {
     for (int r = 0; r < 6; ++r)
         for (int c = 0; c < 3; ++c)
             t.Grid22.setText(r, c, stats[r][c]);
-    t.Grid22.setPicture(1, 0, kChiSquarePicture);
-    t.Grid2 = TextTable(4, 5);
+    t.Grid22.setPicture(statrow::ChiSquare, statcol::Name, kChiSquarePicture);
+    t.Grid2 = TextTable(4, estimatecol::Count);
     const char* const est[4][5] = {{"LD", "", "Dose", "Lower limit", "Upper limit"},
                                    {"", "", "mg", "mg", "mg"},
                                    {"50", "", "10", "7.7193", "12.9545"},
@@ -83,7 +83,8 @@ TEST(ComposeResultsText, RowWithoutLimitsGivesTwoEmptyFields) {
 
 TEST(ComposeResultsText, SpacerColumnJoinsThePercentWithoutATab) {
     ResultsTables t = SmallTables();
-    t.Grid2.setText(2, 1, "|");  // the spacer never holds text; shown here to place it
+    t.Grid2.setText(2, estimatecol::Gap,
+                    "|");  // the spacer never holds text; shown here to place it
     const std::string text = ComposeResultsText(t, Headings());
     EXPECT_NE(text.find("\n50|\t10\t"), std::string::npos);
 }

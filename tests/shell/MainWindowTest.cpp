@@ -222,29 +222,34 @@ class MainWindowTest : public QObject {
         QCOMPARE(results->geometry(), place);
         QCOMPARE(results->windowTitle(), QString("Results, New file"));
         // The data table: doses as typed, log doses, observed responses.
-        QCOMPARE(results->Grid1()->cellText(1, 0), QString("1"));
-        QCOMPARE(results->Grid1()->cellText(5, 0), QString("16"));
-        QCOMPARE(results->Grid1()->cellText(2, 2), QString("0.3010"));
-        QCOMPARE(results->Grid1()->cellText(3, 4), QString("50.000"));
-        QCOMPARE(results->Grid1()->cellText(0, 4), QString("Observed\nresponse %"));
+        const TextTableView* data = results->findChild<TextTableView*>("Grid1");
+        QCOMPARE(data->cellText(1, datacol::Dose), QString("1"));
+        QCOMPARE(data->cellText(5, datacol::Dose), QString("16"));
+        QCOMPARE(data->cellText(2, datacol::LogDose), QString("0.3010"));
+        QCOMPARE(data->cellText(3, datacol::Observed), QString("50.000"));
+        QCOMPARE(data->cellText(0, datacol::Observed), QString("Observed\nresponse %"));
         // The statistics and the estimates, as the calculation left them.
         const FitResult& fit = f->program->shared().fit;
-        QCOMPARE(results->Grid22()->cellText(0, 0), QString("Slope"));
-        QCOMPARE(results->Grid22()->cellText(0, 1), Text(FormatNumber(fit.Slope, "0.0000")));
-        QCOMPARE(results->Grid22()->cellText(1, 0), QString::fromUtf8("\u03c7\u00b2"));
-        QCOMPARE(results->Grid2()->cellText(0, 0), QString("LD"));
-        QCOMPARE(results->Grid2()->cellText(2, 0), QString("25"));
-        QCOMPARE(results->Grid2()->cellText(7, 0), QString("99"));
-        QCOMPARE(results->Grid2()->cellText(3, 2),
-                 Text(results->results().tables().Grid2.text(3, 2)));
-        QVERIFY(!results->Grid2()->cellText(3, 2).isEmpty());
-        QCOMPARE(results->Tab1()->tabText(0), QString("Tables"));
-        QCOMPARE(results->Tab1()->tabText(1), QString("Graph"));
+        const TextTableView* stats = results->findChild<TextTableView*>("Grid22");
+        QCOMPARE(stats->cellText(statrow::Slope, statcol::Name), QString("Slope"));
+        QCOMPARE(stats->cellText(statrow::Slope, statcol::Value),
+                 Text(FormatNumber(fit.Slope, "0.0000")));
+        QCOMPARE(stats->cellText(statrow::ChiSquare, statcol::Name),
+                 QString::fromUtf8("\u03c7\u00b2"));
+        const TextTableView* estimates = results->findChild<TextTableView*>("Grid2");
+        QCOMPARE(estimates->cellText(0, estimatecol::Percent), QString("LD"));
+        QCOMPARE(estimates->cellText(2, estimatecol::Percent), QString("25"));
+        QCOMPARE(estimates->cellText(7, estimatecol::Percent), QString("99"));
+        QCOMPARE(estimates->cellText(3, estimatecol::Dose),
+                 Text(results->results().tables().Grid2.text(3, estimatecol::Dose)));
+        QVERIFY(!estimates->cellText(3, estimatecol::Dose).isEmpty());
+        QCOMPARE(results->findChild<QTabWidget*>("Tab1")->tabText(0), QString("Tables"));
+        QCOMPARE(results->findChild<QTabWidget*>("Tab1")->tabText(1), QString("Graph"));
 
         // Back to the input: the input window takes the results window's place.
         results->resize(results->width() + 40, results->height() + 30);
         const QRect back = results->geometry();
-        Click(results->Command11());
+        Click(results->findChild<QPushButton*>("Command11"));
         QVERIFY(main->isVisible());
         QVERIFY(main->contentEnabled());
         QCOMPARE(main->geometry(), back);

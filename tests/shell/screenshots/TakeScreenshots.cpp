@@ -146,20 +146,20 @@ int main(int argc, char** argv) {
         return 1;
     }
     ShowActive(*results);
-    TypeInto(results->Text3(), "10");
-    Click(results->Command3());
-    Click(results->Command4());
-    results->SSTab2()->setCurrentIndex(1);
-    TypeInto(results->Text2(), "3");
-    Click(results->Command1());
-    Click(results->Command2());
-    Click(results->Image1());
+    TypeInto(results->findChild<QLineEdit*>("Text3"), "10");
+    Click(results->findChild<QPushButton*>("Command3"));
+    Click(results->findChild<QPushButton*>("Command4"));
+    results->findChild<QTabWidget*>("SSTab2")->setCurrentIndex(1);
+    TypeInto(results->findChild<QLineEdit*>("Text2"), "3");
+    Click(results->findChild<QPushButton*>("Command1"));
+    Click(results->findChild<QPushButton*>("Command2"));
+    Click(results->findChild<QToolButton*>("Image1"));
     ok = Save(*results, folder, "results-tables.png") && ok;
 
-    results->Tab1()->setCurrentIndex(1);
-    Click(results->Check2());
-    TypeInto(results->Text6(), "90");
-    Click(results->Command7());
+    results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(1);
+    Click(results->findChild<QCheckBox*>("Check2"));
+    TypeInto(results->findChild<QLineEdit*>("Text6"), "90");
+    Click(results->findChild<QPushButton*>("Command7"));
     ok = Save(*results, folder, "results-graph.png") && ok;
     if (!f.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(f.port.failures.join("; ")));
