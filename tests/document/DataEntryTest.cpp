@@ -37,12 +37,12 @@ TEST_F(DataEntryTest, AcceptWritesTheRowOfEachDataType) {
 TEST_F(DataEntryTest, AcceptKeepsTheDoseAndEmptiesTheCounts) {
     StartLine(0);
     Type("10", "7", "3");
-    EXPECT_EQ(doc.main().TextDose, "10");
-    EXPECT_EQ(doc.main().Text1input, "");
-    EXPECT_EQ(doc.main().Text2input, "");
+    EXPECT_EQ(doc.table().TextDose(), "10");
+    EXPECT_EQ(doc.table().Text1input(), "");
+    EXPECT_EQ(doc.table().Text2input(), "");
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(DataEntryTest, AcceptRefusesAnEmptyDose) {
@@ -53,7 +53,7 @@ TEST_F(DataEntryTest, AcceptRefusesAnEmptyDose) {
     EXPECT_EQ(LastMessage(), "Missing data");
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
     EXPECT_EQ(doc.Grid1().rows(), 2);
-    EXPECT_EQ(doc.main().Text1input, "5");
+    EXPECT_EQ(doc.table().Text1input(), "5");
 }
 
 TEST_F(DataEntryTest, AcceptLimitsAreOneEFortyAndOneEMinusEight) {
@@ -72,7 +72,7 @@ TEST_F(DataEntryTest, AcceptLimitsAreOneEFortyAndOneEMinusEight) {
 
 TEST_F(DataEntryTest, ZeroDoseIsRefusedWhenEachTreatmentHasAControl) {
     StartLine(0, "hour");
-    ASSERT_TRUE(doc.main().CheckCoVisible);
+    ASSERT_TRUE(doc.table().layout().CheckCoVisible);
     Type("0", "1", "9", true);
     EXPECT_EQ(LastMessage(),
               "Cant accept 0 value when you have control associated each treatment.");
@@ -132,16 +132,16 @@ TEST_F(DataEntryTest, LeavingACellWritesTheTextOfItsValue) {
     StartLine(0);
     doc.setTextDose("10.0");
     EXPECT_TRUE(doc.leaveTextDose());
-    EXPECT_EQ(doc.main().TextDose, "10");
+    EXPECT_EQ(doc.table().TextDose(), "10");
     doc.setTextDose("1E-05");
     EXPECT_TRUE(doc.leaveTextDose());
-    EXPECT_EQ(doc.main().TextDose, "0.00001");
+    EXPECT_EQ(doc.table().TextDose(), "0.00001");
     doc.setText1input("007.50");
     EXPECT_TRUE(doc.leaveText1input());
-    EXPECT_EQ(doc.main().Text1input, "7.5");
+    EXPECT_EQ(doc.table().Text1input(), "7.5");
     doc.setText2input("");
     EXPECT_TRUE(doc.leaveText2input());
-    EXPECT_EQ(doc.main().Text2input, "");
+    EXPECT_EQ(doc.table().Text2input(), "");
     EXPECT_TRUE(port.messages.empty());
 }
 
@@ -149,7 +149,7 @@ TEST_F(DataEntryTest, ANegativeDoseIsEmptiedWithoutAWord) {
     StartLine(0);
     doc.setTextDose("-5");
     EXPECT_TRUE(doc.leaveTextDose());
-    EXPECT_EQ(doc.main().TextDose, "");
+    EXPECT_EQ(doc.table().TextDose(), "");
     EXPECT_TRUE(port.messages.empty());
 }
 
@@ -159,7 +159,7 @@ TEST_F(DataEntryTest, TextThatIsNoNumberIsAnInvaledValue) {
     EXPECT_FALSE(doc.leaveText1input());
     EXPECT_EQ(LastMessage(), "invaled value!");
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
-    EXPECT_EQ(doc.main().Text1input, "1.2.3");
+    EXPECT_EQ(doc.table().Text1input(), "1.2.3");
     doc.setText2input(".");
     EXPECT_FALSE(doc.leaveText2input());
     EXPECT_EQ(doc.main().focus, Focus::Text2input);
@@ -231,15 +231,15 @@ TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
     doc.setTextDose("1e45");
     doc.setText1input("3");
     doc.setText2input("7");
-    EXPECT_TRUE(doc.AcceptRow());        // an imported dose of 1e+45 is taken
-    EXPECT_EQ(doc.main().TextDose, "");  // all three cells are emptied
-    EXPECT_EQ(doc.main().Text1input, "");
+    EXPECT_TRUE(doc.AcceptRow());           // an imported dose of 1e+45 is taken
+    EXPECT_EQ(doc.table().TextDose(), "");  // all three cells are emptied
+    EXPECT_EQ(doc.table().Text1input(), "");
     doc.setTextDose("1e51");
     doc.setText1input("3");
     doc.setText2input("7");
     EXPECT_FALSE(doc.AcceptRow());
     EXPECT_EQ(LastMessage(), std::string("Dose value is verrry high or verry low.") + kExtremeTail);
-    EXPECT_EQ(doc.main().ImportRowRefused, 1);
+    EXPECT_EQ(doc.table().ImportRowRefused(), 1);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
     doc.setTextDose("1e-51");
     EXPECT_FALSE(doc.AcceptRow());
@@ -262,8 +262,8 @@ TEST_F(DataEntryTest, AcceptRowWritesButDoesNotRebuild) {
     }
     EXPECT_EQ(doc.Grid1().rows(), 5);
     EXPECT_EQ(doc.Grid2().rows(), 2);
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
     doc.RebuildResponseTable();
     EXPECT_EQ(doc.Grid2().rows(), 5);
 }
@@ -306,18 +306,18 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
     Type("20", "5", "5");
     doc.setGrid1Current(1, 3);
     doc.CommandEdit();
-    EXPECT_EQ(doc.main().TextDose, "10");
-    EXPECT_EQ(doc.main().Text1input, "4");
-    EXPECT_EQ(doc.main().Text2input, "6");
-    EXPECT_EQ(doc.main().CheckCo, 1);
+    EXPECT_EQ(doc.table().TextDose(), "10");
+    EXPECT_EQ(doc.table().Text1input(), "4");
+    EXPECT_EQ(doc.table().Text2input(), "6");
+    EXPECT_EQ(doc.table().CheckCo(), 1);
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
-    EXPECT_EQ(doc.main().RowsWereRemoved, 1);
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 1);
     EXPECT_EQ(doc.Grid1().rows(), 3);
     EXPECT_EQ(doc.Grid1().text(1, 1), "20");
 
     // Accepting it again sets every row's height.
     doc.CommandAccept();
-    EXPECT_EQ(doc.main().RowsWereRemoved, 0);
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
     EXPECT_EQ(doc.Grid1().rows(), 4);
     for (int r = 1; r < doc.Grid1().rows(); ++r)
         EXPECT_EQ(doc.Grid1().rowHeight(r), 240);
@@ -329,8 +329,8 @@ TEST_F(DataEntryTest, EditOfAPercentRowGivesTheValueBack) {
     Type("10", "33.3");
     doc.setGrid1Current(1, 2);
     doc.CommandEdit();
-    EXPECT_EQ(doc.main().TextDose, "10");
-    EXPECT_EQ(doc.main().Text1input, "33.3");
+    EXPECT_EQ(doc.table().TextDose(), "10");
+    EXPECT_EQ(doc.table().Text1input(), "33.3");
 }
 
 TEST_F(DataEntryTest, EditOnTheEmptyLastRowDoesNothing) {
@@ -340,8 +340,8 @@ TEST_F(DataEntryTest, EditOnTheEmptyLastRowDoesNothing) {
     doc.setTextDose("");
     doc.CommandEdit();
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.main().TextDose, "");
-    EXPECT_EQ(doc.main().RowsWereRemoved, 0);
+    EXPECT_EQ(doc.table().TextDose(), "");
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
 }
 
 TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
@@ -365,7 +365,7 @@ TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
     doc.CommandDel();
     EXPECT_EQ(doc.Grid1().rows(), 3);
     EXPECT_EQ(doc.Grid1().text(1, 1), "10");
-    EXPECT_EQ(doc.main().RowsWereRemoved, 1);
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 1);
 }
 
 TEST_F(DataEntryTest, DeleteOnTheEmptyLastRowOnlyMovesTheFocus) {

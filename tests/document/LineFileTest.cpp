@@ -51,10 +51,10 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
     EXPECT_EQ(other.notes().TreatmentName, "Treatment A");
     EXPECT_EQ(other.notes().ExperimentDate, "01 / 02 / 2003");
     EXPECT_EQ(other.main().TextName, "Treatment A");
-    EXPECT_EQ(other.main().FileTitle, "worked-type1.mrv");
-    EXPECT_EQ(other.main().Caption, "Morvane, worked-type1.mrv");
-    EXPECT_EQ(other.main().Modified, 0);
-    EXPECT_FALSE(other.main().CommandSaveEnabled);
+    EXPECT_EQ(other.file().FileTitle(), "worked-type1.mrv");
+    EXPECT_EQ(other.file().Caption(), "Morvane, worked-type1.mrv");
+    EXPECT_EQ(other.file().Modified(), 0);
+    EXPECT_FALSE(other.file().CommandSaveEnabled());
     EXPECT_EQ(Row(other.Grid1(), 1), "C|0|20|1|5.000|0.00000000000C");
     EXPECT_EQ(other.Grid1().back(1, 2), kControlColor);
     EXPECT_EQ(Row(other.Grid2(), 1), "0|20|5.000|0.000");
@@ -97,7 +97,7 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
     notes.setText4("first line\r\nsecond line, with a comma");
     doc.NotesOK(notes);
     const std::string path = SaveAs("round.mrv");
-    ASSERT_EQ(doc.main().Modified, 0);
+    ASSERT_EQ(doc.file().Modified(), 0);
 
     SharedRegisters otherShared;
     ScriptedUserPort otherPort;
@@ -177,7 +177,7 @@ TEST_F(LineFileTest, AFirstFieldOfOneSelectsTheOlderLayoutAndAnyOtherTheCurrent)
               "saved according to current version format.\nSo it'll not be accessible by the older "
               "version.");
     EXPECT_EQ(port.messages[1].text.rfind("An error occurred while opening this file.\n", 0), 0u);
-    EXPECT_EQ(doc.main().Caption, "Morvane");
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
 }
 
 TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
@@ -238,13 +238,13 @@ TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
     EXPECT_EQ(other.notes().TreatmentName, "Old treatment");
     EXPECT_EQ(other.notes().MoreInformation, "kept");
     EXPECT_EQ(other.main().TextName, "Old treatment");
-    EXPECT_EQ(other.main().OlderVersionFile, 1);
-    EXPECT_EQ(other.main().FileTitle, "older-type1.mrv");
-    EXPECT_EQ(other.main().FilePath, FixturePath("older-type1.mrv"));
-    EXPECT_EQ(other.main().Caption, "Morvane, older-type1.mrv");
+    EXPECT_EQ(other.file().OlderVersionFile(), 1);
+    EXPECT_EQ(other.file().FileTitle(), "older-type1.mrv");
+    EXPECT_EQ(other.file().FilePath(), FixturePath("older-type1.mrv"));
+    EXPECT_EQ(other.file().Caption(), "Morvane, older-type1.mrv");
     // The state of an older file just opened: nothing unsaved, Save still enabled.
-    EXPECT_EQ(other.main().Modified, 0);
-    EXPECT_TRUE(other.main().CommandSaveEnabled);
+    EXPECT_EQ(other.file().Modified(), 0);
+    EXPECT_TRUE(other.file().CommandSaveEnabled());
     EXPECT_TRUE(other.main().CommandInfFormEnabled);
     EXPECT_TRUE(other.main().CommandChgangeOptionsEnabled);
     EXPECT_TRUE(other.main().TextNameEnabled);
@@ -265,7 +265,7 @@ TEST_F(LineFileTest, AnOlderTimeFileTakesTheControlsOfItsSecondTable) {
     EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
     EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
     EXPECT_EQ(Row(other.Grid2(), 1), "1|20|15.000|5.000|10.526");
-    EXPECT_EQ(other.main().CheckCo, 0);
+    EXPECT_EQ(other.table().CheckCo(), 0);
     EXPECT_EQ(other.fileOptions().TAlpha(), 0);
     EXPECT_EQ(other.fileOptions().controls.Check2, 1);
 }
@@ -277,9 +277,9 @@ TEST_F(LineFileTest, AnOlderFileWithAnEmptySecondValueEndsInTheOpeningError) {
               "An error occurred while opening this file.\n\"\" is not a number");
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 3);
-    EXPECT_EQ(doc.main().OlderVersionFile, 0);
-    EXPECT_EQ(doc.main().Caption, "Morvane");
-    EXPECT_EQ(doc.main().FilePath, "");
+    EXPECT_EQ(doc.file().OlderVersionFile(), 0);
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
+    EXPECT_EQ(doc.file().FilePath(), "");
 }
 
 TEST_F(LineFileTest, AnOlderFileIsSavedInTheCurrentLayout) {
@@ -289,14 +289,14 @@ TEST_F(LineFileTest, AnOlderFileIsSavedInTheCurrentLayout) {
     const TextTable rows = doc.Grid1();
     doc.CommandSave();  // its path is known: written over without a dialog
     EXPECT_TRUE(port.saveDialogs.empty());
-    EXPECT_EQ(doc.main().OlderVersionFile, 0);
+    EXPECT_EQ(doc.file().OlderVersionFile(), 0);
     EXPECT_EQ(ReadBytes(path).substr(0, 18), "2,\"\",\"\",\"\",\"\",\"\"\r\n");
     LineDocument again(shared, port, folder.path);
     port.messages.clear();
     ASSERT_TRUE(again.OpenLineFile(path));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_TRUE(SameCells(again.Grid1(), rows));
-    EXPECT_EQ(again.main().OlderVersionFile, 0);
+    EXPECT_EQ(again.file().OlderVersionFile(), 0);
 }
 
 // ---- The silent reading of the comparison of lines.
@@ -306,9 +306,9 @@ TEST_F(LineFileTest, BatchReadingLoadsTheLineAndRebuildsWithoutAWord) {
     ASSERT_TRUE(doc.OpenLineForBatch(FixturePath("worked-type1.mrv")));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(Row(doc.Grid2(), 2), "10|20|80.000|78.947");
-    EXPECT_EQ(doc.main().FileTitle, "New file");
-    EXPECT_EQ(doc.main().FilePath, "");
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().FileTitle(), "New file");
+    EXPECT_EQ(doc.file().FilePath(), "");
+    EXPECT_EQ(doc.file().Modified(), 0);
     EXPECT_EQ(doc.notes().TreatmentName, "Treatment A");
     EXPECT_EQ(shared.BatchFailed, 0);
 }

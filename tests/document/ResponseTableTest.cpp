@@ -169,7 +169,7 @@ TEST_F(ResponseTableTest, DeletingTheLastDataRowEmptiesGrid2AndDisablesCalculate
     EXPECT_EQ(doc.Grid2().rows(), 2);
     EXPECT_EQ(Row(doc.Grid2(), 1), "|||");
     EXPECT_FALSE(doc.CalculateEnabled());
-    EXPECT_FALSE(doc.main().CommandCalcEnabled);
+    EXPECT_FALSE(doc.table().CalculateEnabled());
 }
 
 TEST_F(ResponseTableTest, UnpairedDosesAreGroupedByTheirText) {
@@ -230,7 +230,7 @@ TEST_F(ResponseTableTest, MatchedWeightsAboveTheSixteenBitsStopTheAcceptWithAMes
               "Morvane stopped this command:\nthe replicates of the dose 5 weigh more than 32767 "
               "together (an overflow).\nThe data were left as they were.");
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.main().Text1input, "3000");
+    EXPECT_EQ(doc.table().Text1input(), "3000");
 }
 
 TEST_F(ResponseTableTest, AControlOfAHundredPercentIsRefusedAndTheDocumentStays) {
@@ -246,8 +246,8 @@ TEST_F(ResponseTableTest, AControlOfAHundredPercentIsRefusedAndTheDocumentStays)
               "corrected for it (a division by zero).\nThe data were left as they were.");
     EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
     EXPECT_TRUE(SameCells(doc.Grid2(), grid2));
-    EXPECT_EQ(doc.main().TextDose, "0");
-    EXPECT_EQ(doc.main().Text1input, "100");
+    EXPECT_EQ(doc.table().TextDose(), "0");
+    EXPECT_EQ(doc.table().Text1input(), "100");
 }
 
 TEST_F(ResponseTableTest, AMatchedControlOfAHundredPercentIsRefusedToo) {

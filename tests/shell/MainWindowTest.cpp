@@ -320,7 +320,7 @@ class MainWindowTest : public QObject {
         // The pending New ran after the save, without a second question.
         QCOMPARE(f->port.messages.size(), std::size_t{1});
         QVERIFY(f->program->optionsDialog().isVisible());
-        QCOMPARE(f->program->document().main().PendingCommand, std::int16_t{0});
+        QCOMPARE(f->program->document().main().PendingCommand, MainCommand::None);
         Click(f->program->optionsDialog().Command2());
     }
 
@@ -331,7 +331,7 @@ class MainWindowTest : public QObject {
         f->port.saveAnswers.push_back(std::nullopt);
         Click(main->CommandNew());
         QVERIFY(!f->program->optionsDialog().isVisible());
-        QCOMPARE(f->program->document().main().PendingCommand, std::int16_t{0});
+        QCOMPARE(f->program->document().main().PendingCommand, MainCommand::None);
         QVERIFY(main->CommandSave()->isEnabled());
     }
 
