@@ -47,6 +47,7 @@ struct Grid1Columns {
     int count;    // label and dose, the values, the response %, the sort key
     int total;    // the number of individuals
     int percent;  // the response %
+    constexpr int sortKey() const { return count - 1; }
 };
 constexpr Grid1Columns Grid1ColumnsOf(DataType type) {
     switch (type) {
@@ -59,6 +60,9 @@ constexpr Grid1Columns Grid1ColumnsOf(DataType type) {
     }
     return {4, -1, 2};  // Response %
 }
+inline constexpr Grid1Columns kCountsColumns = Grid1ColumnsOf(DataType::RespondedAndNonResponded);
+inline constexpr Grid1Columns kTotalColumns = Grid1ColumnsOf(DataType::TotalAndResponded);
+inline constexpr Grid1Columns kPercentColumns = Grid1ColumnsOf(DataType::ResponsePercentage);
 
 // The columns of Grid2 without a control per treatment.
 namespace responsecol {

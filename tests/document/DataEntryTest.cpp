@@ -211,9 +211,9 @@ TEST_F(DataEntryTest, RowsAreSortedByDoseWithControlsFirst) {
     EXPECT_EQ(Row(g, 3), "C|10|0|10|10|0.000|1.02329299228C");
     EXPECT_EQ(Row(g, 4), "T|10|4|6|10|40.000|1.02329299228T");
     EXPECT_EQ(Row(g, 5), "T|100|5|5|10|50.000|1.04712854805T");
-    EXPECT_EQ(g.back(3, 2), kControlColor);
-    EXPECT_EQ(g.back(3, 6), kControlColor);
-    EXPECT_EQ(g.back(3, 1), std::nullopt);
+    EXPECT_EQ(g.back(3, dosecol::FirstValue), kControlColor);
+    EXPECT_EQ(g.back(3, kCountsColumns.sortKey()), kControlColor);
+    EXPECT_EQ(g.back(3, dosecol::Dose), std::nullopt);
 }
 
 TEST_F(DataEntryTest, ReplicatesOfOneDoseKeepTheOrderTheyCameIn) {
@@ -221,9 +221,9 @@ TEST_F(DataEntryTest, ReplicatesOfOneDoseKeepTheOrderTheyCameIn) {
     Type("10", "1", "9");
     Type("20", "2", "8");
     Type("10", "3", "7");
-    EXPECT_EQ(doc.Grid1().text(1, 2), "1");
-    EXPECT_EQ(doc.Grid1().text(2, 2), "3");
-    EXPECT_EQ(doc.Grid1().text(3, 2), "2");
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::FirstValue), "1");
+    EXPECT_EQ(doc.Grid1().text(2, dosecol::FirstValue), "3");
+    EXPECT_EQ(doc.Grid1().text(3, dosecol::FirstValue), "2");
 }
 
 TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
@@ -304,7 +304,7 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
     StartLine(0, "hour");
     Type("10", "4", "6", true);
     Type("20", "5", "5");
-    doc.setGrid1Current(1, 3);
+    doc.setGrid1Current(1, dosecol::SecondValue);
     doc.CommandEdit();
     EXPECT_EQ(doc.table().TextDose(), "10");
     EXPECT_EQ(doc.table().Text1input(), "4");
@@ -313,7 +313,7 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
     EXPECT_EQ(doc.table().RowsWereRemoved(), 1);
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.Grid1().text(1, 1), "20");
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "20");
 
     // Accepting it again sets every row's height.
     doc.CommandAccept();
@@ -327,7 +327,7 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
 TEST_F(DataEntryTest, EditOfAPercentRowGivesTheValueBack) {
     StartLine(2);
     Type("10", "33.3");
-    doc.setGrid1Current(1, 2);
+    doc.setGrid1Current(1, dosecol::FirstValue);
     doc.CommandEdit();
     EXPECT_EQ(doc.table().TextDose(), "10");
     EXPECT_EQ(doc.table().Text1input(), "33.3");
@@ -336,7 +336,7 @@ TEST_F(DataEntryTest, EditOfAPercentRowGivesTheValueBack) {
 TEST_F(DataEntryTest, EditOnTheEmptyLastRowDoesNothing) {
     StartLine(0);
     Type("10", "4", "6");
-    doc.setGrid1Current(2, 2);
+    doc.setGrid1Current(2, dosecol::FirstValue);
     doc.setTextDose("");
     doc.CommandEdit();
     EXPECT_EQ(doc.Grid1().rows(), 3);
@@ -348,7 +348,7 @@ TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
     StartLine(0);
     Type("10", "4", "6");
     Type("20", "5", "5");
-    doc.setGrid1Current(2, 1);
+    doc.setGrid1Current(2, dosecol::Dose);
     port.answers.push_back(Answer::Cancel);
     doc.CommandDel();
     ASSERT_EQ(port.messages.size(), 1u);
@@ -359,19 +359,19 @@ TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
     EXPECT_EQ(q.defaultAnswer, Answer::Cancel);
     EXPECT_EQ(doc.Grid1().rows(), 4);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
-    EXPECT_EQ(doc.Grid1().currentCol(), 1);  // the column is given back
+    EXPECT_EQ(doc.Grid1().currentCol(), dosecol::Dose);  // the column is given back
 
     port.answers.push_back(Answer::Ok);
     doc.CommandDel();
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.Grid1().text(1, 1), "10");
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "10");
     EXPECT_EQ(doc.table().RowsWereRemoved(), 1);
 }
 
 TEST_F(DataEntryTest, DeleteOnTheEmptyLastRowOnlyMovesTheFocus) {
     StartLine(0);
     Type("10", "4", "6");
-    doc.setGrid1Current(2, 2);
+    doc.setGrid1Current(2, dosecol::FirstValue);
     doc.CommandDel();
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(doc.Grid1().rows(), 3);

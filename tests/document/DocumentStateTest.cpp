@@ -62,7 +62,7 @@ TEST_F(DocumentStateTest, SavedOrOpened) {
 
 TEST_F(DocumentStateTest, ChangedAfterOpening) {
     ASSERT_TRUE(doc.OpenLineFile(FixturePath("worked-type1.mrv")));
-    doc.setGrid1Current(1, 2);
+    doc.setGrid1Current(1, kTotalColumns.total);
     port.answers.push_back(Answer::Ok);
     doc.CommandDel();
     ExpectState(doc, {FixturePath("worked-type1.mrv"), "worked-type1.mrv", 1, true});
@@ -100,9 +100,9 @@ TEST_F(DocumentStateTest, ResetLineEmptiesTheDocument) {
     EXPECT_EQ(shared.EstimateWord, "");
     EXPECT_EQ(doc.notes(), NotesSheet{});
     EXPECT_EQ(doc.Grid1().dump(), "\t\t\n\t\t");
-    EXPECT_EQ(doc.Grid1().back(1, 2), std::nullopt);
+    EXPECT_EQ(doc.Grid1().back(1, dosecol::FirstValue), std::nullopt);
     EXPECT_EQ(doc.Grid2().dump(), "\t\t\t\n\t\t\t");
-    EXPECT_EQ(doc.Grid2().back(1, 1), std::nullopt);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Total), std::nullopt);
     EXPECT_EQ(file.Modified(), 0);
     EXPECT_FALSE(file.CommandSaveEnabled());
     EXPECT_FALSE(m.CommandInfFormEnabled);

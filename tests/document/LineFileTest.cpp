@@ -56,7 +56,7 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
     EXPECT_EQ(other.file().Modified(), 0);
     EXPECT_FALSE(other.file().CommandSaveEnabled());
     EXPECT_EQ(Row(other.Grid1(), 1), "C|0|20|1|5.000|0.00000000000C");
-    EXPECT_EQ(other.Grid1().back(1, 2), kControlColor);
+    EXPECT_EQ(other.Grid1().back(1, dosecol::FirstValue), kControlColor);
     EXPECT_EQ(Row(other.Grid2(), 1), "0|20|5.000|0.000");
     EXPECT_EQ(Row(other.Grid2(), 2), "10|20|80.000|78.947");
 }
@@ -328,7 +328,7 @@ TEST_F(LineFileTest, BatchReadingOfAnOlderFileTakesOnlyItsFirstTable) {
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(doc.Grid1().rows(), 5);  // three treatments, no controls
     for (int r = 1; r <= 3; ++r)
-        EXPECT_EQ(doc.Grid1().text(r, 0), "T");
+        EXPECT_EQ(doc.Grid1().text(r, dosecol::Label), "T");
     EXPECT_EQ(Row(doc.Grid2(), 1), "1|20|15.000||15.000");
     EXPECT_EQ(shared.BatchFailed, 0);
 }

@@ -171,7 +171,7 @@ TEST_F(OptionsTest, TheDataTypeSetsUpTheInputCellsAndTheTable) {
     EXPECT_EQ(doc.table().layout().CommandEditLeft, 3350);
     EXPECT_EQ(doc.table().layout().CommandDelLeft, 4325);
     EXPECT_EQ(doc.Grid1().currentRow(), 1);
-    EXPECT_EQ(doc.Grid1().currentCol(), 2);
+    EXPECT_EQ(doc.Grid1().currentCol(), dosecol::FirstValue);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
     EXPECT_TRUE(doc.main().Enabled);
 }
@@ -221,7 +221,7 @@ TEST_F(OptionsTest, OpeningAFileWithoutUnitsAsksNothing) {
     ASSERT_TRUE(doc.OpenLineFile(path));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(shared.UnitWord, "");
-    EXPECT_EQ(doc.Grid2().text(0, 0), "Con.\n()");
+    EXPECT_EQ(doc.Grid2().text(0, responsecol::Dose), "Con.\n()");
 }
 
 TEST_F(OptionsTest, CancelOfNewKeepsTheDocumentItsOptionsAndItsWords) {
@@ -418,8 +418,8 @@ TEST_F(OptionsTest, ChangeOptionsRewritesTheWordsAndMarksTheFile) {
     EXPECT_EQ(doc.fileOptions().controls.Tab1, 1);
     EXPECT_EQ(doc.fileOptions().controls.Combo5, "Exposure");
     EXPECT_EQ(doc.fileOptions().TAlpha(), 2);
-    EXPECT_EQ(doc.Grid1().text(0, 1), "Exposure\n(h)");
-    EXPECT_EQ(doc.Grid2().text(0, 0), "Exposure\n(h)");
+    EXPECT_EQ(doc.Grid1().text(0, dosecol::Dose), "Exposure\n(h)");
+    EXPECT_EQ(doc.Grid2().text(0, responsecol::Dose), "Exposure\n(h)");
     EXPECT_EQ(doc.file().Modified(), 1);
     EXPECT_TRUE(doc.file().CommandSaveEnabled());
     EXPECT_TRUE(doc.table().layout().CheckCoVisible);  // the table keeps its shape
@@ -447,7 +447,7 @@ TEST_F(OptionsTest, ATimeFileSavedAfterChangeOptionsReopensWithoutTheControlBox)
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_FALSE(other.table().layout().CheckCoVisible);
     EXPECT_EQ(Row(other.Grid1(), 1), "C|2|1|9|10|10.000|1.00695555006C");
-    EXPECT_EQ(other.Grid1().back(1, 2), kControlColor);
+    EXPECT_EQ(other.Grid1().back(1, dosecol::FirstValue), kControlColor);
     EXPECT_EQ(other.Grid2().cols(), 4);
 }
 

@@ -79,15 +79,15 @@ TEST_F(ResponseTableTest, ZeroDoseIsTheControlAndPoolsIntoRowOne) {
     Type("0", "20", "4");
     Type("5", "20", "10");
     const TextTable& g1 = doc.Grid1();
-    EXPECT_EQ(g1.text(1, 0), "C");
-    EXPECT_EQ(g1.text(2, 0), "C");
-    EXPECT_EQ(g1.back(1, 2), kControlColor);
-    EXPECT_EQ(g1.back(2, 5), kControlColor);
+    EXPECT_EQ(g1.text(1, dosecol::Label), "C");
+    EXPECT_EQ(g1.text(2, dosecol::Label), "C");
+    EXPECT_EQ(g1.back(1, kTotalColumns.total), kControlColor);
+    EXPECT_EQ(g1.back(2, kTotalColumns.sortKey()), kControlColor);
     EXPECT_EQ(Row(doc.Grid2(), 1), "0|40|15.000|0.000");
     // (50 - 15) / (100 - 15) x 100
     EXPECT_EQ(Row(doc.Grid2(), 2), "5|20|50.000|41.176");
-    EXPECT_EQ(doc.Grid2().back(1, 1), kControlColor);
-    EXPECT_EQ(doc.Grid2().back(1, 3), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Total), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Corrected), kControlColor);
 }
 
 TEST_F(ResponseTableTest, WithoutControlsRowOneStaysEmptyAndTreatmentsStartAtRowTwo) {
@@ -104,13 +104,13 @@ TEST_F(ResponseTableTest, OnePointOneAndNinetyNineNineAreShownInTheDefaultColour
     Type("3", "99.9");
     Type("4", "99.91");
     const TextTable& g = doc.Grid2();
-    EXPECT_EQ(g.text(2, 3), "0.100");
-    EXPECT_EQ(g.fore(2, 3), std::nullopt);
-    EXPECT_EQ(g.text(3, 3), "0.090");
-    EXPECT_EQ(g.fore(3, 3), kRed);
-    EXPECT_EQ(g.fore(4, 3), std::nullopt);
-    EXPECT_EQ(g.text(5, 3), "99.910");
-    EXPECT_EQ(g.fore(5, 3), kRed);
+    EXPECT_EQ(g.text(2, responsecol::Corrected), "0.100");
+    EXPECT_EQ(g.fore(2, responsecol::Corrected), std::nullopt);
+    EXPECT_EQ(g.text(3, responsecol::Corrected), "0.090");
+    EXPECT_EQ(g.fore(3, responsecol::Corrected), kRed);
+    EXPECT_EQ(g.fore(4, responsecol::Corrected), std::nullopt);
+    EXPECT_EQ(g.text(5, responsecol::Corrected), "99.910");
+    EXPECT_EQ(g.fore(5, responsecol::Corrected), kRed);
 }
 
 TEST_F(ResponseTableTest, TheControlRowKeepsTheDefaultLetters) {
@@ -118,8 +118,8 @@ TEST_F(ResponseTableTest, TheControlRowKeepsTheDefaultLetters) {
     Type("0", "0");
     Type("5", "0.05");
     EXPECT_EQ(Row(doc.Grid2(), 1), "0|100|0.000|0.000");
-    EXPECT_EQ(doc.Grid2().fore(1, 3), std::nullopt);
-    EXPECT_EQ(doc.Grid2().fore(2, 3), kRed);
+    EXPECT_EQ(doc.Grid2().fore(1, responsecol::Corrected), std::nullopt);
+    EXPECT_EQ(doc.Grid2().fore(2, responsecol::Corrected), kRed);
 }
 
 TEST_F(ResponseTableTest, TreatmentsAreBandedByDose) {
@@ -130,18 +130,18 @@ TEST_F(ResponseTableTest, TreatmentsAreBandedByDose) {
     Type("2", "4", "6");
     Type("3", "5", "5");
     const TextTable& g1 = doc.Grid1();
-    EXPECT_EQ(g1.back(1, 2), kControlColor);
-    EXPECT_EQ(g1.back(2, 2), std::nullopt);
-    EXPECT_EQ(g1.back(3, 6), std::nullopt);
-    EXPECT_EQ(g1.back(4, 2), kBandColor);
-    EXPECT_EQ(g1.back(4, 6), kBandColor);
-    EXPECT_EQ(g1.back(4, 1), std::nullopt);
-    EXPECT_EQ(g1.back(5, 2), std::nullopt);
+    EXPECT_EQ(g1.back(1, dosecol::FirstValue), kControlColor);
+    EXPECT_EQ(g1.back(2, dosecol::FirstValue), std::nullopt);
+    EXPECT_EQ(g1.back(3, kCountsColumns.sortKey()), std::nullopt);
+    EXPECT_EQ(g1.back(4, dosecol::FirstValue), kBandColor);
+    EXPECT_EQ(g1.back(4, kCountsColumns.sortKey()), kBandColor);
+    EXPECT_EQ(g1.back(4, dosecol::Dose), std::nullopt);
+    EXPECT_EQ(g1.back(5, dosecol::FirstValue), std::nullopt);
     const TextTable& g2 = doc.Grid2();
-    EXPECT_EQ(g2.back(2, 1), std::nullopt);
-    EXPECT_EQ(g2.back(3, 1), kBandColor);
-    EXPECT_EQ(g2.back(3, 3), kBandColor);
-    EXPECT_EQ(g2.back(4, 2), std::nullopt);
+    EXPECT_EQ(g2.back(2, responsecol::Total), std::nullopt);
+    EXPECT_EQ(g2.back(3, responsecol::Total), kBandColor);
+    EXPECT_EQ(g2.back(3, responsecol::Corrected), kBandColor);
+    EXPECT_EQ(g2.back(4, responsecol::Response), std::nullopt);
 }
 
 TEST_F(ResponseTableTest, CalculateNeedsThreeDosesBesideTheControlRow) {
@@ -205,9 +205,9 @@ TEST_F(ResponseTableTest, MatchedLayoutCorrectsEachDoseByItsOwnControl) {
     EXPECT_EQ(Row(g, 1), "1|20|45.000|5.000|42.105");
     EXPECT_EQ(Row(g, 2), "2|20|50.000||50.000");
     EXPECT_EQ(Row(g, 3), "4|||20.000|");
-    EXPECT_EQ(g.back(1, 3), kControlColor);
-    EXPECT_EQ(g.back(2, 3), kControlColor);
-    EXPECT_EQ(g.back(3, 3), kControlColor);
+    EXPECT_EQ(g.back(1, matchedcol::Control), kControlColor);
+    EXPECT_EQ(g.back(2, matchedcol::Control), kControlColor);
+    EXPECT_EQ(g.back(3, matchedcol::Control), kControlColor);
     EXPECT_TRUE(doc.CalculateEnabled());
 }
 
@@ -277,9 +277,9 @@ TEST_F(ResponseTableTest, ClearResponseTablePaintsTheControlCells) {
     doc.ClearResponseTable();
     EXPECT_EQ(doc.Grid2().rows(), 2);
     EXPECT_EQ(Row(doc.Grid2(), 1), "|||");
-    EXPECT_EQ(doc.Grid2().back(1, 0), std::nullopt);
-    EXPECT_EQ(doc.Grid2().back(1, 1), kControlColor);
-    EXPECT_EQ(doc.Grid2().back(1, 3), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Dose), std::nullopt);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Total), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Corrected), kControlColor);
 }
 
 TEST_F(ResponseTableTest, CalculationInputIsTheResponseTable) {
