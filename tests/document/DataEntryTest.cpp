@@ -12,7 +12,7 @@ using DataEntryTest = DocumentTest;
 const char* const kExtremeTail = "\nMorvane can't operate with these extreme values";
 
 TEST_F(DataEntryTest, EmptyNewTableHasOnlyTheEmptyLastRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 7);
     EXPECT_EQ(Row(doc.Grid1(), 1), "||||||");
@@ -21,13 +21,13 @@ TEST_F(DataEntryTest, EmptyNewTableHasOnlyTheEmptyLastRow) {
 }
 
 TEST_F(DataEntryTest, AcceptWritesTheRowOfEachDataType) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "7", "3");
     EXPECT_EQ(Row(doc.Grid1(), 1), "T|10|7|3|10|70.000|1.02329299228T");
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("10", "20", "16");
     EXPECT_EQ(Row(doc.Grid1(), 1), "T|10|20|16|80.000|1.02329299228T");
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("10", "33.3333");
     EXPECT_EQ(Row(doc.Grid1(), 1), "T|10|33.333|1.02329299228T");
     EXPECT_EQ(doc.Grid1().rows(), 3);
@@ -35,7 +35,7 @@ TEST_F(DataEntryTest, AcceptWritesTheRowOfEachDataType) {
 }
 
 TEST_F(DataEntryTest, AcceptKeepsTheDoseAndEmptiesTheCounts) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "7", "3");
     EXPECT_EQ(doc.table().TextDose(), "10");
     EXPECT_EQ(doc.table().Text1input(), "");
@@ -46,7 +46,7 @@ TEST_F(DataEntryTest, AcceptKeepsTheDoseAndEmptiesTheCounts) {
 }
 
 TEST_F(DataEntryTest, AcceptRefusesAnEmptyDose) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setText1input("5");
     doc.setText2input("5");
     doc.CommandAccept();
@@ -57,7 +57,7 @@ TEST_F(DataEntryTest, AcceptRefusesAnEmptyDose) {
 }
 
 TEST_F(DataEntryTest, AcceptLimitsAreOneEFortyAndOneEMinusEight) {
-    StartLine(0, "ppm");  // a concentration: the word is "Con."
+    StartLine(DataType::RespondedAndNonResponded, "ppm");  // a concentration: the word is "Con."
     Type("2e40", "1", "1");
     EXPECT_EQ(LastMessage(), std::string("Con. value is verrry high.") + kExtremeTail);
     Type("1e40", "1", "1");
@@ -71,7 +71,7 @@ TEST_F(DataEntryTest, AcceptLimitsAreOneEFortyAndOneEMinusEight) {
 }
 
 TEST_F(DataEntryTest, ZeroDoseIsRefusedWhenEachTreatmentHasAControl) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     ASSERT_TRUE(doc.table().layout().CheckCoVisible);
     Type("0", "1", "9", true);
     EXPECT_EQ(LastMessage(),
@@ -80,7 +80,7 @@ TEST_F(DataEntryTest, ZeroDoseIsRefusedWhenEachTreatmentHasAControl) {
 }
 
 TEST_F(DataEntryTest, TypeTwoChecksMissingAndAbove100) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     doc.setTextDose("5");
     doc.CommandAccept();
     EXPECT_EQ(LastMessage(), "Missing data");
@@ -93,7 +93,7 @@ TEST_F(DataEntryTest, TypeTwoChecksMissingAndAbove100) {
 }
 
 TEST_F(DataEntryTest, TypeOneChecksInOrder) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("5", "", "3");
     EXPECT_EQ(LastMessage(), "Missing data");
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
@@ -111,7 +111,7 @@ TEST_F(DataEntryTest, TypeOneChecksInOrder) {
 }
 
 TEST_F(DataEntryTest, TypeZeroChecksMissingAndNilSum) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("5", "3", "");
     EXPECT_EQ(LastMessage(), "Missing data");
     EXPECT_EQ(doc.main().focus, Focus::Text2input);
@@ -123,13 +123,13 @@ TEST_F(DataEntryTest, TypeZeroChecksMissingAndNilSum) {
 }
 
 TEST_F(DataEntryTest, TheDoseIsCheckedBeforeTheCounts) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("1e41", "3", "4");
     EXPECT_EQ(LastMessage(), std::string("Dose value is verrry high.") + kExtremeTail);
 }
 
 TEST_F(DataEntryTest, LeavingACellWritesTheTextOfItsValue) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("10.0");
     EXPECT_TRUE(doc.leaveTextDose());
     EXPECT_EQ(doc.table().TextDose(), "10");
@@ -146,7 +146,7 @@ TEST_F(DataEntryTest, LeavingACellWritesTheTextOfItsValue) {
 }
 
 TEST_F(DataEntryTest, ANegativeDoseIsEmptiedWithoutAWord) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("-5");
     EXPECT_TRUE(doc.leaveTextDose());
     EXPECT_EQ(doc.table().TextDose(), "");
@@ -154,7 +154,7 @@ TEST_F(DataEntryTest, ANegativeDoseIsEmptiedWithoutAWord) {
 }
 
 TEST_F(DataEntryTest, TextThatIsNoNumberIsAnInvaledValue) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setText1input("1.2.3");
     EXPECT_FALSE(doc.leaveText1input());
     EXPECT_EQ(LastMessage(), "invaled value!");
@@ -168,7 +168,7 @@ TEST_F(DataEntryTest, TextThatIsNoNumberIsAnInvaledValue) {
 TEST_F(DataEntryTest, ACommaPassesTheKeyFilterAndTheConversionDecides) {
     EXPECT_TRUE(InputKeyAllowed(InputCell::TextDose, ','));
     EXPECT_FALSE(InputKeyAllowed(InputCell::Text1input, ','));
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("1,5");
     EXPECT_FALSE(doc.leaveTextDose());
     EXPECT_EQ(LastMessage(), "invaled value!");
@@ -199,7 +199,7 @@ TEST_F(DataEntryTest, ArrowsAndEnterMoveThroughTheCells) {
 }
 
 TEST_F(DataEntryTest, RowsAreSortedByDoseWithControlsFirst) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("100", "5", "5");
     Type("2", "1", "9");
     Type("10", "4", "6");
@@ -217,7 +217,7 @@ TEST_F(DataEntryTest, RowsAreSortedByDoseWithControlsFirst) {
 }
 
 TEST_F(DataEntryTest, ReplicatesOfOneDoseKeepTheOrderTheyCameIn) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "1", "9");
     Type("20", "2", "8");
     Type("10", "3", "7");
@@ -227,7 +227,7 @@ TEST_F(DataEntryTest, ReplicatesOfOneDoseKeepTheOrderTheyCameIn) {
 }
 
 TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("1e45");
     doc.setText1input("3");
     doc.setText2input("7");
@@ -253,7 +253,7 @@ TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
 }
 
 TEST_F(DataEntryTest, AcceptRowWritesButDoesNotRebuild) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     for (const char* dose : {"1", "2", "3"}) {
         doc.setTextDose(dose);
         doc.setText1input("3");
@@ -269,7 +269,7 @@ TEST_F(DataEntryTest, AcceptRowWritesButDoesNotRebuild) {
 }
 
 TEST_F(DataEntryTest, AcceptRowPercentTextHasTheCapitalLetter) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     doc.setTextDose("5");
     doc.setText1input("101");
     EXPECT_FALSE(doc.AcceptRow());
@@ -278,7 +278,7 @@ TEST_F(DataEntryTest, AcceptRowPercentTextHasTheCapitalLetter) {
 }
 
 TEST_F(DataEntryTest, AcceptRowHasNoMissingDataMessageButFailsOnAnEmptyCell) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     doc.setTextDose("5");
     doc.setText1input("10");
     doc.setText2input("");
@@ -288,7 +288,7 @@ TEST_F(DataEntryTest, AcceptRowHasNoMissingDataMessageButFailsOnAnEmptyCell) {
 }
 
 TEST_F(DataEntryTest, AcceptRowChecksResponded) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     doc.setTextDose("5");
     doc.setText1input("10");
     doc.setText2input("11");
@@ -301,7 +301,7 @@ TEST_F(DataEntryTest, AcceptRowChecksResponded) {
 }
 
 TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("10", "4", "6", true);
     Type("20", "5", "5");
     doc.setGrid1Current(1, dosecol::SecondValue);
@@ -325,7 +325,7 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
 }
 
 TEST_F(DataEntryTest, EditOfAPercentRowGivesTheValueBack) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("10", "33.3");
     doc.setGrid1Current(1, dosecol::FirstValue);
     doc.CommandEdit();
@@ -334,7 +334,7 @@ TEST_F(DataEntryTest, EditOfAPercentRowGivesTheValueBack) {
 }
 
 TEST_F(DataEntryTest, EditOnTheEmptyLastRowDoesNothing) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
     doc.setGrid1Current(2, dosecol::FirstValue);
     doc.setTextDose("");
@@ -345,7 +345,7 @@ TEST_F(DataEntryTest, EditOnTheEmptyLastRowDoesNothing) {
 }
 
 TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
     Type("20", "5", "5");
     doc.setGrid1Current(2, dosecol::Dose);
@@ -369,7 +369,7 @@ TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
 }
 
 TEST_F(DataEntryTest, DeleteOnTheEmptyLastRowOnlyMovesTheFocus) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
     doc.setGrid1Current(2, dosecol::FirstValue);
     doc.CommandDel();

@@ -41,14 +41,14 @@ TEST_F(DocumentStateTest, NoDocumentAtTheStart) {
 }
 
 TEST_F(DocumentStateTest, NewNotSavedThenChangedByTheFirstRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     ExpectState(doc, {"", "New file", 0, false});
     Type("5", "1", "9");
     ExpectState(doc, {"", "New file", 1, true});
 }
 
 TEST_F(DocumentStateTest, SavedOrOpened) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("5", "1", "9");
     doc.setTextDose("");
     const std::string path = folder.file("state.mrv");
@@ -111,7 +111,7 @@ TEST_F(DocumentStateTest, ResetLineEmptiesTheDocument) {
 }
 
 TEST_F(DocumentStateTest, TheObserverHearsOfChangesAndFocus) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     const int before = observer.changes;
     Type("5", "1", "9");
     EXPECT_GT(observer.changes, before);
@@ -122,7 +122,7 @@ TEST_F(DocumentStateTest, TheObserverHearsOfChangesAndFocus) {
 }
 
 TEST_F(DocumentStateTest, CheckCoClickSendsTheFocusBackToTheDose) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     doc.setCheckCo(true);
     EXPECT_EQ(doc.table().CheckCo(), 1);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);

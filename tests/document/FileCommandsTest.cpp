@@ -15,7 +15,7 @@ class FileCommandsTest : public DocumentTest {
   protected:
     // A new line with two rows typed: unsaved changes.
     void TypeTwoRows() {
-        StartLine(1, "mg");
+        StartLine(DataType::TotalAndResponded, "mg");
         Type("1", "20", "5");
         Type("2", "20", "10");
         doc.setTextDose("");
@@ -27,7 +27,7 @@ class FileCommandsTest : public DocumentTest {
 };
 
 TEST_F(FileCommandsTest, NewDocumentState) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_EQ(doc.file().FilePath(), "");
     EXPECT_EQ(doc.file().FileTitle(), "New file");
     EXPECT_EQ(doc.file().Caption(), "Morvane, New file");
@@ -267,7 +267,7 @@ TEST_F(FileCommandsTest, TheSaveChangesQuestion) {
 }
 
 TEST_F(FileCommandsTest, NoQuestionWithoutUnsavedChanges) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     port.openAnswers.push_back(std::nullopt);
     doc.CommandOpen();
     EXPECT_TRUE(port.messages.empty());
@@ -346,7 +346,7 @@ TEST_F(FileCommandsTest, RelativeAsksAndThenLeavesForTheComparison) {
 }
 
 TEST_F(FileCommandsTest, ClosingAsksAndSavesBeforeTheEnd) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_TRUE(doc.QueryClose());  // nothing unsaved: no question
     EXPECT_TRUE(port.messages.empty());
     doc.setText1input("5");  // data in the input cells alone ask nothing
@@ -479,7 +479,7 @@ TEST_F(FileCommandsTest, TextMsgRunsItsCodesAndIgnoresOtherTexts) {
 }
 
 TEST_F(FileCommandsTest, CodeEightAcceptsTheInputCellsAndCodeFiveRebuilds) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     doc.setTextDose("4");
     doc.setText1input("25");
     doc.TextMsg("8");

@@ -10,7 +10,7 @@ class LineFileTest : public DocumentTest {
     // The two rows of the worked file, typed: a control at dose 0 and a treatment at
     // dose 10, as totals and responded, in micrograms per millilitre.
     void TypeWorkedExample() {
-        StartLine(1, "ug", "ml");
+        StartLine(DataType::TotalAndResponded, "ug", "ml");
         Type("0", "20", "1");
         Type("10", "20", "16");
         doc.setTextName("Treatment A");
@@ -65,7 +65,7 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
 // with and without replicates weighting.
 
 struct Layout {
-    int dataType;
+    DataType dataType;
     bool controlEach;
     bool weighting;
 };
@@ -76,7 +76,7 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
     const Layout layout = GetParam();
     StartCustomLine(layout.dataType, layout.controlEach, "Con.", "RC", "ppm");
     SetWeighting(layout.weighting);
-    const bool two = layout.dataType != 2;
+    const bool two = layout.dataType != DataType::ResponsePercentage;
     Type("0.5", "40", two ? "12" : "", false);
     Type("2", "40", two ? "20" : "", false);
     Type("2", "30", two ? "21" : "", false);
@@ -90,7 +90,7 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
         Type("0", "45", two ? "2" : "", false);
     }
     doc.setTextDose("");
-    doc.setTextName("Round trip, layout " + std::to_string(layout.dataType));
+    doc.setTextName("Round trip, layout " + std::to_string(static_cast<int>(layout.dataType)));
     InfForm notes = doc.OpenNotesSheet();
     notes.setText2("Culex pipiens");
     notes.setText3("03 / 04 / 2005");
@@ -119,17 +119,23 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryLayout, RoundTripTest,
-                         ::testing::Values(Layout{0, false, false}, Layout{0, false, true},
-                                           Layout{0, true, false}, Layout{0, true, true},
-                                           Layout{1, false, false}, Layout{1, false, true},
-                                           Layout{1, true, false}, Layout{1, true, true},
-                                           Layout{2, false, false}, Layout{2, false, true},
-                                           Layout{2, true, false}, Layout{2, true, true}));
+                         ::testing::Values(Layout{DataType::RespondedAndNonResponded, false, false},
+                                           Layout{DataType::RespondedAndNonResponded, false, true},
+                                           Layout{DataType::RespondedAndNonResponded, true, false},
+                                           Layout{DataType::RespondedAndNonResponded, true, true},
+                                           Layout{DataType::TotalAndResponded, false, false},
+                                           Layout{DataType::TotalAndResponded, false, true},
+                                           Layout{DataType::TotalAndResponded, true, false},
+                                           Layout{DataType::TotalAndResponded, true, true},
+                                           Layout{DataType::ResponsePercentage, false, false},
+                                           Layout{DataType::ResponsePercentage, false, true},
+                                           Layout{DataType::ResponsePercentage, true, false},
+                                           Layout{DataType::ResponsePercentage, true, true}));
 
 // ---- The edge cases of the format.
 
 TEST_F(LineFileTest, AnEmptyTableIsStoredAsTwoRowsAndTheNotesOnly) {
-    StartLine(0, "mg");
+    StartLine(DataType::RespondedAndNonResponded, "mg");
     doc.setTextName("Empty");
     const std::string path = SaveAs("empty.mrv");
     EXPECT_EQ(
@@ -144,7 +150,7 @@ TEST_F(LineFileTest, AnEmptyTableIsStoredAsTwoRowsAndTheNotesOnly) {
 }
 
 TEST_F(LineFileTest, ADoubleQuoteInANoteIsWrittenAsItStandsAndSpoilsReading) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "50");
     doc.setTextName("Dose \"A\", second");
     const std::string path = SaveAs("quote.mrv");
@@ -181,7 +187,7 @@ TEST_F(LineFileTest, AFirstFieldOfOneSelectsTheOlderLayoutAndAnyOtherTheCurrent)
 }
 
 TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     for (int i = 0; i < 32769; ++i) {
         doc.setTextDose(std::to_string(1 + i % 40));
         doc.setText1input("50");
@@ -201,7 +207,7 @@ TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
 }
 
 TEST_F(LineFileTest, The32767RowsThatFitAreReadBack) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     for (int i = 0; i < 32765; ++i) {
         doc.setTextDose(std::to_string(1 + i % 40));
         doc.setText1input("50");
@@ -218,7 +224,7 @@ TEST_F(LineFileTest, The32767RowsThatFitAreReadBack) {
 // ---- The older layout.
 
 TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
-    StartLine(1, "ug", "ml");
+    StartLine(DataType::TotalAndResponded, "ug", "ml");
     Type("0", "20", "1");
     Type("1", "20", "4");
     Type("1", "20", "6");
@@ -251,7 +257,7 @@ TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
 }
 
 TEST_F(LineFileTest, AnOlderTimeFileTakesTheControlsOfItsSecondTable) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     SetWeighting(true);
     doc.fileOptionsControls().controls.Combo7 = "0.10";
     Type("1", "3", "17");

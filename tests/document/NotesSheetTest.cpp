@@ -74,7 +74,7 @@ TEST_F(NotesSheetTest, FillingTheBoxesIsNoChangeButEditingIs) {
 }
 
 TEST_F(NotesSheetTest, OkStoresTheNotesAndSetsTheTreatmentName) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     InfForm form = doc.OpenNotesSheet();
     EXPECT_FALSE(doc.main().Enabled);
     form.setText1("Deltamethrin");
@@ -100,7 +100,7 @@ TEST_F(NotesSheetTest, OkMarksTheFileChangedThroughTheNameEvenWithoutAChangedNot
 }
 
 TEST_F(NotesSheetTest, CancelStoresNothing) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     InfForm form = doc.OpenNotesSheet();
     form.setText3("yesterday");
     doc.NotesCancel();
@@ -110,7 +110,7 @@ TEST_F(NotesSheetTest, CancelStoresNothing) {
 }
 
 TEST_F(NotesSheetTest, TheSheetShowsANameChangedInTheWindow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextName("Typed in the window");
     EXPECT_EQ(doc.file().Modified(), 1);
     EXPECT_TRUE(doc.file().CommandSaveEnabled());
@@ -119,7 +119,7 @@ TEST_F(NotesSheetTest, TheSheetShowsANameChangedInTheWindow) {
 }
 
 TEST_F(NotesSheetTest, ADoubleQuoteInANoteSpoilsTheFile) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "40");
     InfForm form = doc.OpenNotesSheet();
     form.setText2("the \"wild\", strain");

@@ -101,24 +101,24 @@ TEST_F(OptionsTest, LeavingTheCustomBoxesEmptyTakesTheirFirstEntry) {
 }
 
 TEST_F(OptionsTest, TimeOnTheFirstTabShowsTheControlBoxAndDoseAndConHideIt) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     EXPECT_TRUE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(shared.DoseWord, "Time");
     EXPECT_EQ(shared.EstimateWord, "LT");
     EXPECT_EQ(doc.Grid2().cols(), 5);
-    StartLine(0, "mg");
+    StartLine(DataType::RespondedAndNonResponded, "mg");
     EXPECT_FALSE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(shared.EstimateWord, "LD");
-    StartLine(0, "ppm");
+    StartLine(DataType::RespondedAndNonResponded, "ppm");
     EXPECT_FALSE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(shared.EstimateWord, "LC");
     EXPECT_EQ(doc.Grid2().cols(), 4);
 }
 
 TEST_F(OptionsTest, OnTheSecondTabOnlyTheControlFlagDecides) {
-    StartCustomLine(0, false, "Time", "LT", "hour");
+    StartCustomLine(DataType::RespondedAndNonResponded, false, "Time", "LT", "hour");
     EXPECT_FALSE(doc.table().layout().CheckCoVisible);
-    StartCustomLine(0, true, "Dose", "LD", "mg");
+    StartCustomLine(DataType::RespondedAndNonResponded, true, "Dose", "LD", "mg");
     EXPECT_TRUE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(doc.fileOptions().controls.FactorOption, 1);
     EXPECT_EQ(doc.fileOptions().controls.ComboUnit1, "");
@@ -140,14 +140,14 @@ TEST_F(OptionsTest, TheAbbreviationOfTheFirstTabIsAlwaysLdLcOrLt) {
     EXPECT_EQ(doc.fileOptions().controls.Text5, "");
     EXPECT_EQ(doc.fileOptions().controls.Check3, 0);
 
-    StartCustomLine(0, false, "Con.", "RC", "ppm");
+    StartCustomLine(DataType::RespondedAndNonResponded, false, "Con.", "RC", "ppm");
     EXPECT_EQ(shared.EstimateWord, "RC");
     EXPECT_EQ(shared.DoseWord, "Con.");
     EXPECT_EQ(shared.UnitWord, "ppm");
 }
 
 TEST_F(OptionsTest, TheDataTypeSetsUpTheInputCellsAndTheTable) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_TRUE(doc.table().layout().Text2inputVisible);
     EXPECT_EQ(doc.table().layout().Text1inputTip, "Responded");
     EXPECT_EQ(doc.table().layout().Text2inputTip, "Non responded");
@@ -155,13 +155,13 @@ TEST_F(OptionsTest, TheDataTypeSetsUpTheInputCellsAndTheTable) {
     EXPECT_EQ(doc.table().layout().PercentColumn, 5);
     EXPECT_EQ(doc.table().layout().CommandAcceptLeft, 3350);
     EXPECT_EQ(doc.table().layout().CommandDelLeft, 5325);
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     EXPECT_EQ(doc.table().layout().Text1inputTip, "Total number");
     EXPECT_EQ(doc.table().layout().Text2inputTip, "Responded");
     EXPECT_EQ(Row(doc.Grid1(), 0), "|Dose\n(mg)|Total|Responded|Response\n%|");
     EXPECT_EQ(doc.table().layout().TotalColumn, 2);
     EXPECT_EQ(doc.table().layout().PercentColumn, 4);
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     EXPECT_FALSE(doc.table().layout().Text2inputVisible);
     EXPECT_EQ(doc.table().layout().Text1inputTip, "Response %");
     EXPECT_EQ(Row(doc.Grid1(), 0), "|Dose\n(mg)|Response\n%|");
@@ -177,7 +177,7 @@ TEST_F(OptionsTest, TheDataTypeSetsUpTheInputCellsAndTheTable) {
 }
 
 TEST_F(OptionsTest, MissUnitsAsksAndNoStaysInTheDialogWithTheDocumentReset) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("1", "2", "8");
     port.answers.push_back(Answer::No);  // don't save
     doc.CommandNew();
@@ -255,7 +255,7 @@ TEST_F(OptionsTest, CancelOfNewKeepsTheDocumentItsOptionsAndItsWords) {
 
 TEST_F(OptionsTest, OkWithAnImportWaitingSendsItOn) {
     doc.setImportAfterNew(1);
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_EQ(doc.main().ImportAfterNew, 0);
     EXPECT_EQ(doc.main().PendingCommand, MainCommand::New);
     EXPECT_EQ(observer.imports, 1);
@@ -401,7 +401,7 @@ TEST_F(OptionsTest, AFailedSaveOfTheDefaultsIsTold) {
 }
 
 TEST_F(OptionsTest, ChangeOptionsRewritesTheWordsAndMarksTheFile) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("2", "3", "7");
     doc.setTextDose("");
     const ChangeOptionsValues opened = doc.OpenChangeOptions();
@@ -431,7 +431,7 @@ TEST_F(OptionsTest, ChangeOptionsRewritesTheWordsAndMarksTheFile) {
 }
 
 TEST_F(OptionsTest, ATimeFileSavedAfterChangeOptionsReopensWithoutTheControlBox) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("2", "1", "9", true);
     Type("2", "4", "6");
     doc.setTextDose("");

@@ -27,7 +27,7 @@ class ResponseTableTest : public DocumentTest {
 };
 
 TEST_F(ResponseTableTest, TwoReplicatesAtOneDoseMakeOneResponseRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
     Type("10", "6", "4");
     EXPECT_EQ(doc.Grid1().rows(), 4);
@@ -37,7 +37,7 @@ TEST_F(ResponseTableTest, TwoReplicatesAtOneDoseMakeOneResponseRow) {
 }
 
 TEST_F(ResponseTableTest, HeadingsOfTheUnpairedLayout) {
-    StartLine(0, "mg");
+    StartLine(DataType::RespondedAndNonResponded, "mg");
     EXPECT_EQ(Row(doc.Grid2(), 0), "Dose\n(mg)|Total|Response\n%|Corrected\nResponse\n%");
     EXPECT_EQ(Row(doc.Grid1(), 0), "|Dose\n(mg)|Responded|Non responded|Total|Response\n%|");
     EXPECT_EQ(doc.Grid2().rowHeight(0), 600);
@@ -49,14 +49,14 @@ TEST_F(ResponseTableTest, HeadingsOfTheUnpairedLayout) {
 }
 
 TEST_F(ResponseTableTest, WithoutWeightingReplicatesCountEqually) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("10", "10", "1");
     Type("10", "90", "81");
     EXPECT_EQ(Row(doc.Grid2(), 2), "10|100|50.000|50.000");
 }
 
 TEST_F(ResponseTableTest, WithWeightingReplicatesCountByTheirTotals) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     SetWeighting(true);
     Type("10", "10", "1");
     Type("10", "90", "81");
@@ -64,7 +64,7 @@ TEST_F(ResponseTableTest, WithWeightingReplicatesCountByTheirTotals) {
 }
 
 TEST_F(ResponseTableTest, PercentagesAreNeverWeightedAndCountAHundredEach) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     SetWeighting(true);
     EXPECT_FALSE(doc.fileOptions().Check2Enabled());
     EXPECT_FALSE(doc.fileOptions().ReplicatesWeighting());
@@ -74,7 +74,7 @@ TEST_F(ResponseTableTest, PercentagesAreNeverWeightedAndCountAHundredEach) {
 }
 
 TEST_F(ResponseTableTest, ZeroDoseIsTheControlAndPoolsIntoRowOne) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("0", "20", "2");
     Type("0", "20", "4");
     Type("5", "20", "10");
@@ -91,14 +91,14 @@ TEST_F(ResponseTableTest, ZeroDoseIsTheControlAndPoolsIntoRowOne) {
 }
 
 TEST_F(ResponseTableTest, WithoutControlsRowOneStaysEmptyAndTreatmentsStartAtRowTwo) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "30");
     EXPECT_EQ(Row(doc.Grid2(), 1), "|||");
     EXPECT_EQ(Row(doc.Grid2(), 2), "5|100|30.000|30.000");
 }
 
 TEST_F(ResponseTableTest, OnePointOneAndNinetyNineNineAreShownInTheDefaultColour) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("1", "0.1");
     Type("2", "0.09");
     Type("3", "99.9");
@@ -114,7 +114,7 @@ TEST_F(ResponseTableTest, OnePointOneAndNinetyNineNineAreShownInTheDefaultColour
 }
 
 TEST_F(ResponseTableTest, TheControlRowKeepsTheDefaultLetters) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("0", "0");
     Type("5", "0.05");
     EXPECT_EQ(Row(doc.Grid2(), 1), "0|100|0.000|0.000");
@@ -123,7 +123,7 @@ TEST_F(ResponseTableTest, TheControlRowKeepsTheDefaultLetters) {
 }
 
 TEST_F(ResponseTableTest, TreatmentsAreBandedByDose) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("0", "1", "9");
     Type("1", "2", "8");
     Type("1", "3", "7");
@@ -145,7 +145,7 @@ TEST_F(ResponseTableTest, TreatmentsAreBandedByDose) {
 }
 
 TEST_F(ResponseTableTest, CalculateNeedsThreeDosesBesideTheControlRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("1", "2", "8");
     Type("2", "4", "6");
     EXPECT_FALSE(doc.CalculateEnabled());
@@ -155,7 +155,7 @@ TEST_F(ResponseTableTest, CalculateNeedsThreeDosesBesideTheControlRow) {
 }
 
 TEST_F(ResponseTableTest, DeletingTheLastDataRowEmptiesGrid2AndDisablesCalculate) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("1", "2", "8");
     Type("2", "4", "6");
     Type("3", "5", "5");
@@ -193,7 +193,7 @@ TEST_F(ResponseTableTest, MatchedDosesAreGroupedByTheirNumber) {
 }
 
 TEST_F(ResponseTableTest, MatchedLayoutCorrectsEachDoseByItsOwnControl) {
-    StartLine(1, "hour");
+    StartLine(DataType::TotalAndResponded, "hour");
     EXPECT_EQ(Row(doc.Grid2(), 0),
               "Time\n(hour)|Total|Treated response\n%|Control response\n%|Corrected\nResponse\n%");
     Type("1", "20", "1", true);  // control 5%
@@ -212,7 +212,7 @@ TEST_F(ResponseTableTest, MatchedLayoutCorrectsEachDoseByItsOwnControl) {
 }
 
 TEST_F(ResponseTableTest, MatchedWeightsAreWholeNumbersRoundedAtEveryAddition) {
-    StartLine(1, "hour");
+    StartLine(DataType::TotalAndResponded, "hour");
     SetWeighting(true);
     Type("5", "10.5", "5.25");  // 50%
     Type("5", "10.5", "10.5");  // 100%
@@ -221,7 +221,7 @@ TEST_F(ResponseTableTest, MatchedWeightsAreWholeNumbersRoundedAtEveryAddition) {
 }
 
 TEST_F(ResponseTableTest, MatchedWeightsAboveTheSixteenBitsStopTheAcceptWithAMessage) {
-    StartLine(1, "hour");
+    StartLine(DataType::TotalAndResponded, "hour");
     SetWeighting(true);
     Type("5", "30000", "10");
     port.messages.clear();
@@ -234,7 +234,7 @@ TEST_F(ResponseTableTest, MatchedWeightsAboveTheSixteenBitsStopTheAcceptWithAMes
 }
 
 TEST_F(ResponseTableTest, AControlOfAHundredPercentIsRefusedAndTheDocumentStays) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("1", "10");
     Type("2", "20");
     const TextTable grid1 = doc.Grid1();
@@ -251,7 +251,7 @@ TEST_F(ResponseTableTest, AControlOfAHundredPercentIsRefusedAndTheDocumentStays)
 }
 
 TEST_F(ResponseTableTest, AMatchedControlOfAHundredPercentIsRefusedToo) {
-    StartLine(2, "hour");
+    StartLine(DataType::ResponsePercentage, "hour");
     Type("3", "40");
     Type("3", "100", "", true);
     EXPECT_EQ(LastMessage(),
@@ -261,7 +261,7 @@ TEST_F(ResponseTableTest, AMatchedControlOfAHundredPercentIsRefusedToo) {
 }
 
 TEST_F(ResponseTableTest, RebuildThrowsAndLeavesGrid2AsItWas) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "30");
     const TextTable before = doc.Grid2();
     doc.setTextDose("0");
@@ -272,7 +272,7 @@ TEST_F(ResponseTableTest, RebuildThrowsAndLeavesGrid2AsItWas) {
 }
 
 TEST_F(ResponseTableTest, ClearResponseTablePaintsTheControlCells) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("5", "3", "7");
     doc.ClearResponseTable();
     EXPECT_EQ(doc.Grid2().rows(), 2);
@@ -283,7 +283,7 @@ TEST_F(ResponseTableTest, ClearResponseTablePaintsTheControlCells) {
 }
 
 TEST_F(ResponseTableTest, CalculationInputIsTheResponseTable) {
-    StartCustomLine(0, true, "Temp.", "RT", "C");
+    StartCustomLine(DataType::RespondedAndNonResponded, true, "Temp.", "RT", "C");
     Type("5", "3", "7");
     const CalculationInput input = doc.calculationInput();
     EXPECT_EQ(&input.responses, &doc.Grid2());
