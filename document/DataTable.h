@@ -202,6 +202,8 @@ class DataTable {
     Responses BuildMatchedResponses(const TextTable& grid1, const TableRules& rules) const;
     // Puts grid1 and the responses built from it in place.
     void commit(TextTable grid1, Responses responses);
+    // Puts the responses built from Grid1 in place.
+    void putResponses(Responses responses);
     void settle(TextTable& grid) const;
 
     mutable TextTable grid1_;

@@ -263,6 +263,10 @@ void DataTable::commit(TextTable grid1, Responses responses) {
     grid1_ = std::move(grid1);
     sortPending_ = false;
     knownSorted_ = true;
+    putResponses(std::move(responses));
+}
+
+void DataTable::putResponses(Responses responses) {
     grid2_ = std::move(responses.grid2);
     for (const auto& [row, colour] : responses.bands)
         for (int c = dosecol::FirstValue; c < grid1_.cols(); ++c)
@@ -273,15 +277,7 @@ void DataTable::commit(TextTable grid1, Responses responses) {
 }
 
 void DataTable::RebuildResponseTable(const TableRules& rules) {
-    const TextTable& grid1 = Grid1();
-    Responses responses = Build(grid1, rules);
-    grid2_ = std::move(responses.grid2);
-    for (const auto& [row, colour] : responses.bands)
-        for (int c = dosecol::FirstValue; c < grid1_.cols(); ++c)
-            grid1_.setBack(row, c, colour);
-    if (responses.calculateEnabled)
-        calculateEnabled_ = *responses.calculateEnabled;
-    grid1_.setCurrent(grid1_.currentRow(), dosecol::FirstValue);
+    putResponses(Build(Grid1(), rules));
 }
 
 void DataTable::ClearResponseTable() {
