@@ -119,7 +119,6 @@ class DataTable {
     bool CalculateEnabled() const { return calculateEnabled_; }
     std::int16_t RowsWereRemoved() const { return rowsWereRemoved_; }  // 1 to the next Accept
     std::int16_t ImportRowRefused() const { return importRowRefused_; }
-    bool HasDataRows() const { return grid1_.rows() > 2; }
 
     // ---- The input cells.
     void setTextDose(std::string text) { textDose_ = std::move(text); }

@@ -271,6 +271,52 @@ TEST_F(ResponseTableTest, RebuildThrowsAndLeavesGrid2AsItWas) {
     EXPECT_TRUE(SameCells(doc.Grid2(), before));
 }
 
+// A control of 100% taken by the import's AcceptRow, which does not rebuild Grid2:
+// removing the treatment leaves nothing that can be corrected.
+class HundredPercentControlTest : public ResponseTableTest {
+  protected:
+    void SetUp() override {
+        StartLine(DataType::ResponsePercentage);
+        Type("5", "30");
+        doc.setTextDose("0");
+        doc.setText1input("100");
+        ASSERT_TRUE(doc.AcceptRow());
+        doc.setGrid1Current(2, dosecol::FirstValue);  // the treatment; the control sorts first
+        grid1 = doc.Grid1();
+        grid2 = doc.Grid2();
+        port.messages.clear();
+        observer.focus.clear();
+    }
+
+    const char* const kStopped =
+        "Morvane stopped this command:\nthe control response is 100%, so no response can be "
+        "corrected for it (a division by zero).\nThe data were left as they were.";
+    TextTable grid1, grid2;
+};
+
+TEST_F(HundredPercentControlTest, DeleteIsStoppedAndTheDocumentStays) {
+    port.answers.push_back(Answer::Ok);
+    doc.CommandDel();
+    EXPECT_EQ(port.messages.front().text,
+              "Do you want to delete the selected row with the response value 30.000?");
+    EXPECT_EQ(LastMessage(), kStopped);
+    EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
+    EXPECT_TRUE(SameCells(doc.Grid2(), grid2));
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
+    EXPECT_TRUE(observer.focus.empty());
+}
+
+TEST_F(HundredPercentControlTest, EditIsStoppedAndTheInputCellsStayEmpty) {
+    doc.CommandEdit();
+    EXPECT_EQ(LastMessage(), kStopped);
+    EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
+    EXPECT_TRUE(SameCells(doc.Grid2(), grid2));
+    EXPECT_EQ(doc.table().TextDose(), "");
+    EXPECT_EQ(doc.table().Text1input(), "");
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
+    EXPECT_TRUE(observer.focus.empty());
+}
+
 TEST_F(ResponseTableTest, ClearResponseTablePaintsTheControlCells) {
     StartLine(DataType::RespondedAndNonResponded);
     Type("5", "3", "7");
