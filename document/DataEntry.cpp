@@ -196,6 +196,7 @@ void DataTable::AcceptTypedRow(const TableRules& rules) {
     sortPending_ = false;  // grid1 is in order; Grid1 is as it was
     Responses responses = Build(grid1, rules);
     commit(std::move(grid1), std::move(responses));
+    knownSorted_ = true;
     rowsWereRemoved_ = 0;
     text1input_.clear();
     text2input_.clear();  // TextDose keeps the dose for the next replicate

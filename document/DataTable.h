@@ -147,7 +147,7 @@ class DataTable {
     std::optional<Refusal> AcceptRow(const TableRules& rules, const std::string& doseWord);
     // The current row of Grid1, when it is a data row.
     std::optional<int> CurrentDataRow() const;
-    // The current data row moved back into the input cells and removed; Grid2 rebuilt.
+    // The data row moved back into the input cells and removed; Grid2 rebuilt.
     // Throws Fault with nothing changed.
     void EditRow(int row, const TableRules& rules);
     // The data row removed; Grid2 rebuilt. Throws Fault with nothing changed.
@@ -199,7 +199,8 @@ class DataTable {
     Responses Build(const TextTable& grid1, const TableRules& rules) const;
     Responses BuildResponses(const TextTable& grid1, const TableRules& rules) const;
     Responses BuildMatchedResponses(const TextTable& grid1, const TableRules& rules) const;
-    // Puts grid1 and the responses built from it in place.
+    // Puts grid1, whose rows are in order when they were known to be, and the
+    // responses built from it in place.
     void commit(TextTable grid1, Responses responses);
     // Puts the responses built from Grid1 in place.
     void putResponses(Responses responses);

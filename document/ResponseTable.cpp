@@ -262,7 +262,6 @@ DataTable::Responses DataTable::BuildMatchedResponses(const TextTable& grid1,
 void DataTable::commit(TextTable grid1, Responses responses) {
     grid1_ = std::move(grid1);
     sortPending_ = false;
-    knownSorted_ = true;
     putResponses(std::move(responses));
 }
 

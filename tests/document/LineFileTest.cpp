@@ -164,6 +164,32 @@ TEST_F(LineFileTest, ADoubleQuoteInANoteIsWrittenAsItStandsAndSpoilsReading) {
     EXPECT_EQ(other.notes().TreatedTarget, "second\"");
 }
 
+TEST_F(LineFileTest, RowsOutOfOrderInTheFileAreSortedByTheNextAcceptedRowAlsoAfterADelete) {
+    auto row = [](const std::string& dose, const std::string& responded,
+                  const std::string& percent) {
+        return "\"T\",\"" + dose + "\",\"20\",\"" + responded + "\",\"" + percent + "\",\"" +
+               SortKey(NumberOf(dose), "T") + "\",";
+    };
+    const std::string path = folder.file("unordered.mrv");
+    WriteBytes(path,
+               "2,\"\",\"\",\"\",\"\",\"\"\r\n"
+               "1,0,\"ug\",\"ml\",2,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n"
+               "5,6\r\n" +
+                   row("20", "16", "80.000") + row("10", "10", "50.000") + row("5", "4", "20.000") +
+                   "\"\",\"\",\"\",\"\"\r\n");
+    ASSERT_TRUE(doc.OpenLineFile(path));
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "20");  // as the file has them
+    doc.setGrid1Current(1, dosecol::FirstValue);
+    port.answers.push_back(Answer::Ok);
+    doc.CommandDel();
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "10");
+    Type("30", "20", "10");
+    ASSERT_EQ(doc.Grid1().rows(), 5);
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "5");
+    EXPECT_EQ(doc.Grid1().text(2, dosecol::Dose), "10");
+    EXPECT_EQ(doc.Grid1().text(3, dosecol::Dose), "30");
+}
+
 TEST_F(LineFileTest, AFirstFieldOfOneSelectsTheOlderLayoutAndAnyOtherTheCurrent) {
     std::string bytes = ReadBytes(FixturePath("worked-type1.mrv"));
     bytes[0] = '7';
