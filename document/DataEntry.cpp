@@ -245,7 +245,8 @@ void DataTable::EditRow(int row, const TableRules& rules) {
     const TextTable& current = Grid1();
     const std::string dose = PlainText(NumberOf(current.text(row, dosecol::Dose)));
     const std::string first = PlainText(NumberOf(current.text(row, dosecol::FirstValue)));
-    const std::string second = current.text(row, dosecol::SecondValue);
+    const std::string second =
+        layout_.Text2inputVisible ? current.text(row, dosecol::SecondValue) : text2input_;
     const bool control = current.text(row, dosecol::Label) == "C";
     TextTable grid1 = current;
     grid1.removeRow(row);
