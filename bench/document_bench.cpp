@@ -79,7 +79,7 @@ std::string Folder() {
 // A new line of responded and non responded counts in mg.
 void NewLine(LineDocument& doc, SharedRegisters& shared) {
     doc.ResetLine();
-    doc.fileOptionsControls().setDataType(0);
+    doc.fileOptionsControls().setDataType(DataType::RespondedAndNonResponded);
     doc.fileOptionsControls().setComboUnit1("mg", shared);
     doc.FileOptionsOK();
 }

@@ -6,6 +6,9 @@
 
 #include <string>
 
+#include "core/SharedRegisters.h"
+#include "document/FileOptions.h"
+
 namespace morvane {
 
 inline constexpr const char* kDefaultsFileName = "ldDef";
@@ -15,5 +18,20 @@ std::string DefaultsFilePath(const std::string& programFolder);
 
 // The user's configuration folder of Morvane.
 std::string UserConfigFolder();
+
+// Writes the options record to ldDef, making its folder where needed. Throws
+// FileError with the file as it was.
+void WriteOptionDefaults(const std::string& programFolder, const LineOptions& options);
+
+// Reads ldDef into the dialog's controls, with the dialog's rules. A damaged file
+// leaves the controls with what was read before the fault.
+enum class DefaultsReading {
+    Loaded,
+    Missing,     // there is no ldDef
+    Unreadable,  // ldDef could not be read; the controls are as they were
+    Damaged,     // the record ended in a fault
+};
+DefaultsReading ReadOptionDefaults(const std::string& programFolder, FileOptions& options,
+                                   SharedRegisters& shared);
 
 }  // namespace morvane

@@ -58,10 +58,11 @@ std::string OlderVersionLines(const std::string& fileTitle) {
 }
 
 Answer LineDocument::askSaveChanges() {
-    std::string text = form_.OlderVersionFile == 1 ? OlderVersionLines(form_.FileTitle) + "\n" : "";
-    if (form_.Modified == 0)
+    std::string text =
+        file_.OlderVersionFile() == 1 ? OlderVersionLines(file_.FileTitle()) + "\n" : "";
+    if (file_.Modified() == 0)
         return Answer::No;
-    text += "Do you want to save changes to \n" + form_.FileTitle + "?";
+    text += "Do you want to save changes to \n" + file_.FileTitle() + "?";
     return port_.ask(
         Message{text, Buttons::YesNoCancel, Icon::Question, Answer::Yes, "save changes"});
 }
@@ -70,14 +71,15 @@ Answer LineDocument::askSaveChanges() {
 // first and leaves the command pending, so that the end of the save runs it again;
 // Cancel puts the focus back in the dose cell. The command goes on only at No (or
 // when nothing was asked).
-bool LineDocument::passSaveChangesQuestion(int pendingCommand) {
+bool LineDocument::passSaveChangesQuestion(MainCommand pendingCommand) {
     switch (askSaveChanges()) {
         case Answer::Yes:
             form_.PendingCommand = pendingCommand;
             CommandSave();
             return false;
         case Answer::Cancel:
-            if (pendingCommand == 1)  // a cancelled New drops the import that was to follow
+            if (pendingCommand ==
+                MainCommand::New)  // a cancelled New drops the import that was to follow
                 form_.ImportAfterNew = 0;
             setFocus(Focus::TextDose);
             notify();
@@ -88,14 +90,14 @@ bool LineDocument::passSaveChangesQuestion(int pendingCommand) {
 }
 
 void LineDocument::CommandNew() {
-    if (passSaveChangesQuestion(1))
+    if (passSaveChangesQuestion(MainCommand::New))
         beginNewDocumentDialog();
 }
 
 void LineDocument::beginNewDocumentDialog() {
     beforeNew_ = DialogSnapshot{options_, shared_.DoseWord, shared_.UnitWord, shared_.EstimateWord};
     form_.Enabled = false;
-    FileOptionsText1("3");
+    FileOptionsText1(FileOptionsCode::LoadOptionDefaults);
     options_.Visible = true;
     if (observer_)
         observer_->optionsDialogShown();
@@ -103,7 +105,7 @@ void LineDocument::beginNewDocumentDialog() {
 }
 
 void LineDocument::CommandOpen() {
-    if (!passSaveChangesQuestion(2))
+    if (!passSaveChangesQuestion(MainCommand::Open))
         return;
     const std::optional<std::string> path =
         port_.openFileName(FileDialog{"Open Morvane file", kLineFileFilter, "", ""});
@@ -113,7 +115,7 @@ void LineDocument::CommandOpen() {
 }
 
 void LineDocument::CommandRelative() {
-    if (!passSaveChangesQuestion(3))
+    if (!passSaveChangesQuestion(MainCommand::Relative))
         return;
     if (observer_)
         observer_->relativeRequested();
@@ -132,64 +134,36 @@ bool LineDocument::QueryClose() {
     }
 }
 
+// A failed or cancelled save drops a pending New or Open and the closing; a pending
+// Relative stays.
+void LineDocument::dropPendingAfterFailedSave() {
+    if (form_.PendingCommand == MainCommand::New || form_.PendingCommand == MainCommand::Open)
+        form_.PendingCommand = MainCommand::None;
+    form_.ClosingAfterSave = 0;
+}
+
 void LineDocument::CommandSave() {
-    settleGrid1();
-    // A failed or cancelled save drops a pending New or Open and the closing; a
-    // pending Relative stays.
-    auto dropPending = [this] {
-        if (form_.PendingCommand == 1 || form_.PendingCommand == 2)
-            form_.PendingCommand = 0;
-        form_.ClosingAfterSave = 0;
-    };
-    if (!form_.Text1input.empty() || !form_.Text2input.empty()) {
+    if (!table_.Text1input().empty() || !table_.Text2input().empty()) {
         const Message question{kInputCellsLeft, Buttons::OkCancel, Icon::None, Answer::Cancel};
         if (port_.ask(question) == Answer::Cancel) {
-            form_.PendingCommand = 0;
+            form_.PendingCommand = MainCommand::None;
             form_.ClosingAfterSave = 0;
             setFocus(Focus::TextDose);
             notify();
             return;
         }
     }
-    form_.TextFileName = CleanFileName(notes_.TreatmentName);
-
-    if (form_.FilePath.empty()) {
-        FileDialog dialog{"Save Morvane file", kLineFileFilter, form_.TextFileName, ""};
-        for (;;) {
-            const std::optional<std::string> chosen = port_.saveFileName(dialog);
-            if (!chosen) {
-                dropPending();
-                notify();
-                return;
-            }
-            form_.FilePath = *chosen;
-            form_.FileTitle = ShortFileName(*chosen);
-            const std::string folder =
-                form_.FilePath.substr(0, form_.FilePath.size() - form_.FileTitle.size());
-            if (LineFileListed(folder, form_.FileTitle)) {
-                const Message replace{
-                    "File with the same name \"" + form_.FileTitle +
-                        "\" already exist.\nDo you want to replace the existing file?",
-                    Buttons::YesNo, Icon::Critical, Answer::No};
-                if (port_.ask(replace) == Answer::No) {
-                    form_.FilePath.clear();
-                    form_.FileTitle = "New file";
-                    setFocus(Focus::TextDose);
-                    form_.ClosingAfterSave = 0;
-                    dialog.fileName = *chosen;
-                    continue;
-                }
-            }
-            form_.Caption = "Morvane, " + form_.FileTitle;
-            break;
-        }
+    file_.setTextFileName(CleanFileName(notes_.TreatmentName));
+    if (file_.FilePath().empty() && !chooseSaveName()) {
+        dropPendingAfterFailedSave();
+        notify();
+        return;
     }
 
     try {
-        ReplaceFileContents(form_.FilePath,
-                            WriteCheckedLineFile(options_.controls, form_.Grid1, notes_));
+        file_.Write(options_.controls, table_.Grid1(), notes_);
     } catch (const std::exception& e) {
-        dropPending();
+        dropPendingAfterFailedSave();
         port_.tell(std::string("An error occurred while saving this file.\n") + e.what());
         notify();
         return;
@@ -197,21 +171,55 @@ void LineDocument::CommandSave() {
     saveTail();
 }
 
+// The save dialog, asked again while the user refuses to replace an existing line
+// file. False when it was cancelled.
+bool LineDocument::chooseSaveName() {
+    FileDialog dialog{"Save Morvane file", kLineFileFilter, file_.TextFileName(), ""};
+    for (;;) {
+        const std::optional<std::string> chosen = port_.saveFileName(dialog);
+        if (!chosen)
+            return false;
+        file_.ChooseName(*chosen);
+        const std::string& path = file_.FilePath();
+        const std::string folder = path.substr(0, path.size() - file_.FileTitle().size());
+        if (LineFileListed(folder, file_.FileTitle())) {
+            const Message replace{
+                "File with the same name \"" + file_.FileTitle() +
+                    "\" already exist.\nDo you want to replace the existing file?",
+                Buttons::YesNo, Icon::Critical, Answer::No};
+            if (port_.ask(replace) == Answer::No) {
+                file_.ForgetName();
+                setFocus(Focus::TextDose);
+                form_.ClosingAfterSave = 0;
+                dialog.fileName = *chosen;
+                continue;
+            }
+        }
+        file_.ShowNameInCaption();
+        return true;
+    }
+}
+
 void LineDocument::saveTail() {
-    form_.Modified = 0;
-    form_.CommandSaveEnabled = false;
+    file_.MarkSaved();
     notify();
-    const std::int16_t pending = form_.PendingCommand;
-    form_.PendingCommand = 0;
-    if (pending == 1) {
-        CommandNew();
-    } else if (pending == 2) {
-        CommandOpen();
-    } else if (pending == 3) {
-        CommandRelative();
+    const MainCommand pending = form_.PendingCommand;
+    form_.PendingCommand = MainCommand::None;
+    switch (pending) {
+        case MainCommand::New:
+            CommandNew();
+            break;
+        case MainCommand::Open:
+            CommandOpen();
+            break;
+        case MainCommand::Relative:
+            CommandRelative();
+            break;
+        case MainCommand::None:
+            break;
     }
     // Cleared only now: an older file opened by the pending Open loses its mark at once.
-    form_.OlderVersionFile = 0;
+    file_.setOlderVersionFile(0);
     if (form_.ClosingAfterSave == 1 && observer_)
         observer_->programEndRequested();
     notify();

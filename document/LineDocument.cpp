@@ -1,33 +1,19 @@
-// The input window's state, its input cells and its command channel.
+// The workflow of the input window: its state, the input cells, the entry commands
+// over the data table, and the command channel.
 #include "document/LineDocument.h"
 
 #include <exception>
 
 #include "core/DoseEstimates.h"
-#include "core/NumberText.h"
 
 namespace morvane {
 
 LineDocument::LineDocument(SharedRegisters& shared, UserPort& port, std::string programFolder)
-    : shared_(shared), port_(port), programFolder_(std::move(programFolder)) {
-    // The window as it loads: no document, Grid1 of three columns 1000 twips wide
-    // with the narrow label column, Grid2 of four.
-    form_.Grid1 = TextTable(2, 3);
-    for (int c = 0; c < form_.Grid1.cols(); ++c)
-        form_.Grid1.setColumnWidth(c, 1000);
-    form_.Grid1.setColumnWidth(0, 300);
-    form_.Grid1.setCurrent(1, 2);
-    form_.Grid2 = TextTable(2, 4);
-}
-
-const MainForm& LineDocument::main() const {
-    settleGrid1();
-    return form_;
-}
+    : shared_(shared), port_(port), programFolder_(std::move(programFolder)) {}
 
 CalculationInput LineDocument::calculationInput() const {
-    settleGrid1();
-    return CalculationInput{form_.Grid2, form_.CheckCoVisible, options_.TAlpha(), form_.FileTitle};
+    return CalculationInput{table_.Grid2(), table_.ControlPerTreatment(), options_.TAlpha(),
+                            file_.FileTitle()};
 }
 
 void LineDocument::notify() {
@@ -41,120 +27,125 @@ void LineDocument::setFocus(Focus focus) {
         observer_->focusRequested(focus);
 }
 
-void LineDocument::settleGrid1() const {
-    if (!sortPending_)
-        return;
-    TextTable& grid = form_.Grid1;
-    grid.sortByColumn(grid.cols() - 1, 1, grid.rows() - 2);
-    sortPending_ = false;
-    knownSorted_ = true;
+void LineDocument::refuse(const Refusal& refusal) {
+    port_.tell(refusal.text);
+    setFocus(refusal.focus);
 }
 
-void LineDocument::guarded(const std::function<void()>& body) {
-    settleGrid1();
-    const MainForm formBefore = form_;
-    const FileOptions optionsBefore = options_;
-    const NotesSheet notesBefore = notes_;
-    const bool sortedBefore = knownSorted_;
-    const std::string dose = shared_.DoseWord, unit = shared_.UnitWord,
-                      estimate = shared_.EstimateWord;
-    try {
-        body();
-    } catch (const std::exception& e) {
-        form_ = formBefore;
-        options_ = optionsBefore;
-        notes_ = notesBefore;
-        sortPending_ = false;
-        knownSorted_ = sortedBefore;
-        shared_.DoseWord = dose;
-        shared_.UnitWord = unit;
-        shared_.EstimateWord = estimate;
-        port_.tell(StoppedCommandMessage(e.what()));
-    }
-    notify();
+void LineDocument::tellStopped(const std::exception& fault) {
+    port_.tell(StoppedCommandMessage(fault.what()));
 }
 
 std::string StoppedCommandMessage(const std::string& reason) {
     return "Morvane stopped this command:\n" + reason + ".\nThe data were left as they were.";
 }
 
+std::string LineDocument::doseHeading() const {
+    return shared_.DoseWord + "\n(" + shared_.UnitWord + ")";
+}
+
 // ---- Input cells.
 
-void LineDocument::setTextDose(std::string text) {
-    form_.TextDose = std::move(text);
-}
-void LineDocument::setText1input(std::string text) {
-    form_.Text1input = std::move(text);
-}
-void LineDocument::setText2input(std::string text) {
-    form_.Text2input = std::move(text);
-}
-
 void LineDocument::setCheckCo(bool ticked) {
-    form_.CheckCo = ticked ? 1 : 0;
+    table_.setCheckCo(ticked);
     setFocus(Focus::TextDose);
 }
-
-namespace {
-
-// The leave-focus rule of an input cell: a non-empty text becomes the text of its
-// value; none when the text is no number.
-bool ConvertCell(std::string& cell, bool emptyNegative) {
-    if (cell.empty())
-        return true;
-    const std::optional<double> value = ParseNumber(cell);
-    if (!value)
-        return false;
-    cell = emptyNegative && *value < 0 ? std::string() : PlainText(*value);
-    return true;
-}
-
-}  // namespace
 
 bool LineDocument::leaveTextDose() {
-    if (ConvertCell(form_.TextDose, true))
+    if (table_.leaveTextDose())
         return true;
-    port_.tell("invaled value!");
-    setFocus(Focus::TextDose);
+    refuse({"invaled value!", Focus::TextDose});
     return false;
 }
 
 bool LineDocument::leaveText1input() {
-    if (ConvertCell(form_.Text1input, false))
+    if (table_.leaveText1input())
         return true;
-    port_.tell("invaled value!");
-    setFocus(Focus::Text1input);
+    refuse({"invaled value!", Focus::Text1input});
     return false;
 }
 
 bool LineDocument::leaveText2input() {
-    if (ConvertCell(form_.Text2input, false))
+    if (table_.leaveText2input())
         return true;
-    port_.tell("invaled value!");
-    setFocus(Focus::Text2input);
+    refuse({"invaled value!", Focus::Text2input});
     return false;
 }
 
 void LineDocument::setTextName(std::string text) {
     // Every assignment counts as a change of the box, also one of the same text.
     form_.TextName = std::move(text);
-    form_.Modified = 1;
-    form_.CommandSaveEnabled = true;
+    file_.MarkChanged();
     notes_.TreatmentName = form_.TextName;
 }
 
-void LineDocument::setGrid1Current(int row, int col) {
-    settleGrid1();
-    if (row < 0 || row >= form_.Grid1.rows() || col < 0 || col >= form_.Grid1.cols())
-        return;
-    form_.Grid1.setCurrent(row, col);
+// ---- Data entry.
+
+void LineDocument::CommandAccept() {
+    try {
+        if (std::optional<Refusal> refusal =
+                table_.CheckTypedRow(options_.tableRules(), shared_.DoseWord)) {
+            refuse(*refusal);
+        } else {
+            table_.AcceptTypedRow(options_.tableRules());
+            notify();
+            file_.MarkChanged();
+            setFocus(Focus::TextDose);
+        }
+    } catch (const std::exception& e) {
+        tellStopped(e);
+    }
+    notify();
 }
 
-void LineDocument::setMainVisible(bool visible) {
-    form_.Visible = visible;
+bool LineDocument::AcceptRow() {
+    if (std::optional<Refusal> refusal =
+            table_.AcceptRow(options_.tableRules(), shared_.DoseWord)) {
+        notify();
+        refuse(*refusal);
+        return false;
+    }
+    file_.MarkChanged();
+    return true;
 }
-void LineDocument::setMainEnabled(bool enabled) {
-    form_.Enabled = enabled;
+
+void LineDocument::CommandEdit() {
+    try {
+        if (const std::optional<int> row = table_.CurrentDataRow()) {
+            table_.EditRow(*row, options_.tableRules());
+            notify();
+            setFocus(Focus::Text1input);
+            file_.MarkChanged();
+        }
+    } catch (const std::exception& e) {
+        tellStopped(e);
+    }
+    notify();
+}
+
+void LineDocument::CommandDel() {
+    try {
+        if (const std::optional<int> row = table_.CurrentDataRow()) {
+            const std::string& response = Grid1().text(*row, table_.layout().PercentColumn);
+            const Message question{
+                "Do you want to delete the selected row with the response value " + response + "?",
+                Buttons::OkCancel, Icon::Question, Answer::Cancel};
+            if (port_.ask(question) == Answer::Ok) {
+                table_.DeleteRow(*row, options_.tableRules());
+                notify();
+                file_.MarkChanged();
+            }
+        }
+        setFocus(Focus::TextDose);
+    } catch (const std::exception& e) {
+        tellStopped(e);
+    }
+    notify();
+}
+
+void LineDocument::RebuildResponseTable() {
+    table_.RebuildResponseTable(options_.tableRules());
+    notify();
 }
 
 // ---- Emptying the document.
@@ -165,78 +156,99 @@ void LineDocument::ResetLine() {
     shared_.UnitWord.clear();
     shared_.DoseWord.clear();
     shared_.EstimateWord.clear();
-    form_.FileTitle.clear();
-    form_.FilePath.clear();
-    form_.Caption = "Morvane";
-    form_.TextDose.clear();
-    form_.Text1input.clear();
-    form_.Text2input.clear();
-
-    sortPending_ = false;
-    knownSorted_ = true;
-    TextTable& grid1 = form_.Grid1;
-    grid1.setRows(2);
-    grid1.setCols(3);
+    file_.Close();
+    table_.Reset();
     form_.ImportFile.clear();
-    form_.ImportRowRefused = 0;
-    for (int r = 0; r < grid1.rows(); ++r)
-        for (int c = 0; c < grid1.cols(); ++c) {
-            grid1.setText(r, c, "");
-            if (r >= 1 && c >= 2)
-                grid1.setBack(r, c, DefaultCellColor);
-        }
-
     notes_ = NotesSheet{};
     setTextName("");
-    form_.OlderVersionFile = 0;
-
-    TextTable& grid2 = form_.Grid2;
-    grid2.setCols(4);
-    grid2.setRows(2);
-    for (int r = 0; r < grid2.rows(); ++r)
-        for (int c = 0; c < grid2.cols(); ++c) {
-            grid2.setText(r, c, "");
-            if (r >= 1 && c >= 1)
-                grid2.setBack(r, c, DefaultCellColor);
-        }
-    // The tables are empty, so Calculate has nothing to work on.
-    form_.CommandCalcEnabled = false;
+    file_.setOlderVersionFile(0);
     // A reset document has nothing that Cancel of the options dialog could give back.
     beforeNew_.reset();
-
-    form_.Modified = 0;
-    form_.CommandSaveEnabled = false;
+    file_.MarkSaved();
 }
 
-// ---- The command channel.
+// ---- The command channels. The codes as text are read here and nowhere else.
+
+namespace {
+
+std::optional<TextMsgCode> TextMsgCodeOf(const std::string& text) {
+    static const std::pair<const char*, TextMsgCode> kCodes[] = {
+        {"1", TextMsgCode::ResetLine},
+        {"2", TextMsgCode::NewFileTitle},
+        {"3", TextMsgCode::SpreadsheetRead},
+        {"4", TextMsgCode::Import},
+        {"5", TextMsgCode::RebuildResponseTable},
+        {"6", TextMsgCode::CalculateFile},
+        {"7", TextMsgCode::FormatTwoLevels},
+        {"8", TextMsgCode::AcceptRow},
+        {"9", TextMsgCode::FormatFourLevels},
+        {"17", TextMsgCode::Closing},
+    };
+    for (const auto& [code, value] : kCodes)
+        if (text == code)
+            return value;
+    return std::nullopt;
+}
+
+std::optional<FileOptionsCode> FileOptionsCodeOf(const std::string& text) {
+    if (text == "1")
+        return FileOptionsCode::OK;
+    if (text == "2")
+        return FileOptionsCode::Cancel;
+    if (text == "3")
+        return FileOptionsCode::LoadOptionDefaults;
+    return std::nullopt;
+}
+
+}  // namespace
 
 void LineDocument::TextMsg(const std::string& code) {
-    if (code == "1") {
-        ResetLine();
-    } else if (code == "2") {
-        form_.FileTitle = "New file";
-        form_.Caption = "Morvane, New file";
-    } else if (code == "3") {
-        if (observer_)
-            observer_->spreadsheetReadRequested();
-    } else if (code == "4") {
-        form_.PendingCommand = 1;
-        if (observer_)
-            observer_->importRequested();
-    } else if (code == "5") {
-        RebuildResponseTable();
-    } else if (code == "6") {
-        if (observer_)
-            observer_->calculateFileRequested();
-    } else if (code == "7") {
-        FormatTwoLevels(shared_);
-    } else if (code == "8") {
-        AcceptRow();
-    } else if (code == "9") {
-        FormatFourLevels(shared_);
-    } else if (code == "17") {
-        if (QueryClose() && observer_)
-            observer_->programEndRequested();
+    if (const std::optional<TextMsgCode> value = TextMsgCodeOf(code))
+        TextMsg(*value);
+}
+
+void LineDocument::FileOptionsText1(const std::string& code) {
+    if (const std::optional<FileOptionsCode> value = FileOptionsCodeOf(code))
+        FileOptionsText1(*value);
+}
+
+void LineDocument::TextMsg(TextMsgCode code) {
+    switch (code) {
+        case TextMsgCode::ResetLine:
+            ResetLine();
+            break;
+        case TextMsgCode::NewFileTitle:
+            file_.NameNew();
+            break;
+        case TextMsgCode::SpreadsheetRead:
+            if (observer_)
+                observer_->spreadsheetReadRequested();
+            break;
+        case TextMsgCode::Import:
+            form_.PendingCommand = MainCommand::New;
+            if (observer_)
+                observer_->importRequested();
+            break;
+        case TextMsgCode::RebuildResponseTable:
+            RebuildResponseTable();
+            break;
+        case TextMsgCode::CalculateFile:
+            if (observer_)
+                observer_->calculateFileRequested();
+            break;
+        case TextMsgCode::FormatTwoLevels:
+            FormatTwoLevels(shared_);
+            break;
+        case TextMsgCode::AcceptRow:
+            AcceptRow();
+            break;
+        case TextMsgCode::FormatFourLevels:
+            FormatFourLevels(shared_);
+            break;
+        case TextMsgCode::Closing:
+            if (QueryClose() && observer_)
+                observer_->programEndRequested();
+            break;
     }
 }
 

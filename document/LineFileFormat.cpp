@@ -81,13 +81,13 @@ std::int16_t ReadVersionRecord(FieldReader& in) {
 
 void ReadOptionsRecord(FieldReader& in, FileOptions& options, SharedRegisters& shared) {
     LineOptions& c = options.controls;
-    options.setDataType(ListIndex(in.readInteger16(), 3, "input data type"));
+    options.setDataType(static_cast<DataType>(ListIndex(in.readInteger16(), 3, "input data type")));
     c.Tab1 = ListIndex(in.readInteger16(), 2, "units tab");
     options.setComboUnit1(in.readString(), shared);
     options.setComboUnit2(in.readString(), shared);
     const std::int16_t factor = in.readInteger16();
     if (factor >= 1 && factor <= 3)
-        options.selectOption(factor, shared);
+        options.selectOption(static_cast<FactorOption>(factor), shared);
     c.Combo5 = in.readString();
     c.Combo6 = in.readString();
     c.Text5 = in.readString();

@@ -25,13 +25,13 @@ void LineDocument::ReadOptionsIntoDocument(FieldReader& in) {
     applyOptionsDialog(false);
 }
 
-void LineDocument::ReadTableIntoGrid1(FieldReader& in) {
+void DataTable::ReadTableIntoGrid1(FieldReader& in) {
     const TableSize size = ReadSizeRecord(in);
     // The heading and the empty last row are counted; the columns are those of the
     // file, whatever the options say.
     CheckTableSize(size, in);
-    settleGrid1();
-    TextTable& grid = form_.Grid1;
+    Grid1();
+    TextTable& grid = grid1_;
     grid.setCols(size.cols);
     grid.setRows(size.rows);
     for (int r = 1; r <= size.rows - 2; ++r)
@@ -49,11 +49,11 @@ void LineDocument::ReadNotesIntoDocument(FieldReader& in) {
     notes_ = ReadNotesRecord(in);
 }
 
-void LineDocument::paintControlRows() {
-    TextTable& grid = form_.Grid1;
+void DataTable::paintControlRows() {
+    TextTable& grid = grid1_;
     for (int r = 1; r < grid.rows(); ++r)
-        if (grid.text(r, 0) == "C")
-            for (int c = 2; c < grid.cols(); ++c)
+        if (grid.text(r, dosecol::Label) == "C")
+            for (int c = dosecol::FirstValue; c < grid.cols(); ++c)
                 grid.setBack(r, c, kControlColor);
 }
 
@@ -69,20 +69,17 @@ bool LineDocument::OpenLineFile(const std::string& path) {
             return ReadOlderFile(path);
         }
         ReadOptionsIntoDocument(in);
-        ReadTableIntoGrid1(in);
+        table_.ReadTableIntoGrid1(in);
         ReadNotesIntoDocument(in);
-        form_.FileTitle = ShortFileName(path);
-        form_.Caption = "Morvane, " + form_.FileTitle;
-        form_.FilePath = path;
-        paintControlRows();
-        form_.Grid1.setCurrent(form_.Grid1.currentRow(), 2);
+        file_.NameFile(path);
+        table_.paintControlRows();
+        table_.setCurrent(Grid1().currentRow(), dosecol::FirstValue);
         form_.CommandInfFormEnabled = true;
         form_.CommandChgangeOptionsEnabled = true;
         form_.TextNameEnabled = true;
         setTextName(notes_.TreatmentName);
         RebuildResponseTable();
-        form_.CommandSaveEnabled = false;
-        form_.Modified = 0;
+        file_.MarkSaved();
         notify();
         return true;
     } catch (const std::exception& e) {
@@ -96,7 +93,7 @@ bool LineDocument::OpenLineFile(const std::string& path) {
 
 void LineDocument::ApplyOlderFile(const OlderLineFile& file) {
     LineOptions& c = options_.controls;
-    options_.setDataType(ListValue(file.dataType, 3, "input data type"));
+    options_.setDataType(static_cast<DataType>(ListValue(file.dataType, 3, "input data type")));
     options_.setComboUnit1(file.unit1, shared_);
     options_.setComboUnit2(file.unit2, shared_);
     if (std::find(std::begin(kAlphaTexts), std::end(kAlphaTexts), file.alpha) ==
@@ -105,36 +102,36 @@ void LineDocument::ApplyOlderFile(const OlderLineFile& file) {
     c.Combo7 = file.alpha;
     c.Check2 = ListValue(file.replicatesFlag, 3, "replicates flag");
     if (file.factorSelector >= 1 && file.factorSelector <= 3) {
-        c.Tab1 = 0;
-        options_.selectOption(file.factorSelector, shared_);
+        c.setUnitsTab(UnitsTab::AdjustUnits);
+        options_.selectOption(static_cast<FactorOption>(file.factorSelector), shared_);
     } else if (file.factorSelector == 4) {
-        c.Tab1 = 1;
+        c.setUnitsTab(UnitsTab::CustomizeUnits);
     }
     c.Combo5 = file.customFactor;
     c.Combo6 = file.customAbbreviation;
     c.Text5 = file.customUnits;
     c.Check3 = ListValue(file.controlFlag, 3, "control flag");
     applyOptionsDialog(false);
-    form_.GridOldV = file.GridOldV;
-    form_.GridOldVt = file.GridOldVt;
     notes_ = file.notes;
 }
 
 void LineDocument::readOlderInto(const std::string& path, bool secondTableAccepted) {
     const std::string bytes = ReadLineFileBytes(path);
     FieldReader in(bytes);
-    ApplyOlderFile(ReadOlderLayout(in));
+    const OlderLineFile file = ReadOlderLayout(in);
+    ApplyOlderFile(file);
     // The first table holds treatments (and the doses named "control"): whatever the
     // user ticked before, the box is clear while it is read.
-    form_.CheckCo = 0;
-    ForEachOldReplicate(form_.GridOldV, 5, [this] { AcceptRow(); });
-    if (form_.CheckCoVisible) {
-        form_.CheckCo = 1;
+    table_.setCheckCo(false);
+    table_.ForEachOldReplicate(file.GridOldV, oldcol::GridOldVFirstRow, [this] { AcceptRow(); });
+    if (table_.ControlPerTreatment()) {
+        table_.setCheckCo(true);
         if (secondTableAccepted)
-            ForEachOldReplicate(form_.GridOldVt, 3, [this] { AcceptRow(); });
+            table_.ForEachOldReplicate(file.GridOldVt, oldcol::GridOldVtFirstRow,
+                                       [this] { AcceptRow(); });
         else
-            ForEachOldReplicate(form_.GridOldVt, 3, [] {});
-        form_.CheckCo = 0;
+            table_.ForEachOldReplicate(file.GridOldVt, oldcol::GridOldVtFirstRow, [] {});
+        table_.setCheckCo(false);
     }
 }
 
@@ -142,16 +139,14 @@ bool LineDocument::ReadOlderFile(const std::string& path) {
     const FileOptions optionsBefore = options_;  // a file that fails leaves none of its own
     try {
         readOlderInto(path, true);
-        form_.FileTitle = ShortFileName(path);
-        form_.Caption = "Morvane, " + form_.FileTitle;
-        form_.FilePath = path;
+        file_.NameFile(path);
         form_.TextNameEnabled = true;
         setTextName(notes_.TreatmentName);
         form_.CommandInfFormEnabled = true;
         form_.CommandChgangeOptionsEnabled = true;
         RebuildResponseTable();
-        form_.OlderVersionFile = 1;
-        form_.Modified = 0;  // CommandSave stays enabled: the rows were accepted
+        file_.setOlderVersionFile(1);
+        file_.ClearModified();  // CommandSave stays enabled: the rows were accepted
         notify();
         return true;
     } catch (const std::exception& e) {
@@ -170,7 +165,7 @@ bool LineDocument::OpenLineForBatch(const std::string& path) {
         shared_.BatchFailed = 1;
         return false;
     };
-    TextMsg("1");
+    TextMsg(TextMsgCode::ResetLine);
     std::int16_t mark = 0;
     try {
         const std::string bytes = ReadLineFileBytes(path);
@@ -178,9 +173,9 @@ bool LineDocument::OpenLineForBatch(const std::string& path) {
         mark = ReadVersionRecord(in);
         if (mark != 1) {
             ReadOptionsIntoDocument(in);
-            ReadTableIntoGrid1(in);
+            table_.ReadTableIntoGrid1(in);
             ReadNotesIntoDocument(in);
-            TextMsg("5");
+            TextMsg(TextMsgCode::RebuildResponseTable);
             return true;
         }
     } catch (const std::exception& e) {
@@ -190,10 +185,10 @@ bool LineDocument::OpenLineForBatch(const std::string& path) {
         // In a comparison the rows of the second old table fill the input cells but
         // are sent nowhere, so an older file gives only its first table's rows.
         readOlderInto(path, false);
-        TextMsg("5");
+        TextMsg(TextMsgCode::RebuildResponseTable);
         return true;
     } catch (const std::exception& e) {
-        TextMsg("1");
+        TextMsg(TextMsgCode::ResetLine);
         return fail(e);
     }
 }

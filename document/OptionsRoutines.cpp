@@ -1,7 +1,5 @@
 // The routines of the options dialogs: OK and Cancel of "New Line" (FileOptions), the
 // defaults file, "Change options", and the notes sheet's OK and Cancel.
-#include <filesystem>
-
 #include "document/DefaultsFile.h"
 #include "document/FileBytes.h"
 #include "document/LineDocument.h"
@@ -12,137 +10,70 @@ void LineDocument::FileOptionsOK() {
     applyOptionsDialog(options_.Visible);
 }
 
+// The OK routine, also run with the dialog hidden when a file's options are read.
 void LineDocument::applyOptionsDialog(bool visible) {
     // The document is reset first, before anything is tested: a No at "Miss units"
     // leaves it empty.
-    TextMsg("1");
-    LineOptions& c = options_.controls;
-    if (c.Tab1 == 0) {
-        c.Combo5 = "Dose";
-        c.Combo6 = "LD";
-        c.Text5.clear();
-        c.Check3 = 0;
-        if (c.FactorOption >= 1 && c.FactorOption <= 3) {
-            static const char* const kEstimates[] = {"LD", "LC", "LT"};
-            shared_.DoseWord = kFactorCaptions[c.FactorOption - 1];
-            shared_.EstimateWord = kEstimates[c.FactorOption - 1];
-            form_.CheckCoVisible = c.FactorOption == 3;
-        }
-        shared_.UnitWord = options_.LabelUnits;
-    } else {
-        options_.selectOption(1, shared_);
-        if (!c.ComboUnit1.empty())
-            options_.setComboUnit1("", shared_);
-        if (!c.ComboUnit2.empty())
-            options_.setComboUnit2("", shared_);
-        shared_.DoseWord = c.Combo5;
-        shared_.UnitWord = c.Text5;
-        shared_.EstimateWord = c.Combo6;
-        form_.CheckCoVisible = c.Check3 == 1;
-    }
-
+    TextMsg(TextMsgCode::ResetLine);
+    if (const std::optional<bool> controlEach = options_.DeriveLineWords(shared_))
+        table_.setControlPerTreatment(*controlEach);
     if (visible) {
-        if (shared_.UnitWord.empty()) {
-            const Message question{
-                "You didn't set the " + shared_.DoseWord + " unit\ndo you want to continue?",
-                Buttons::YesNo, Icon::None, Answer::Yes, "Miss units"};
-            if (port_.ask(question) == Answer::No) {
-                setFocus(c.Tab1 == 0 ? Focus::ComboUnit1 : Focus::Text5);
-                notify();
-                return;
-            }
-            if (!c.ComboUnit2.empty())
-                options_.setComboUnit2("", shared_);
-        }
-        if (c.Check4 == 1)
+        if (!passUnitsQuestion())
+            return;
+        if (options_.controls.Check4 == 1)
             SaveOptionDefaults();
     }
-
-    TextTable& grid1 = form_.Grid1;
-    TextTable& grid2 = form_.Grid2;
-    switch (c.ComboDataType) {
-        case 0:
-            form_.Text2inputVisible = true;
-            form_.Text1inputTip = "Responded";
-            form_.Text2inputTip = "Non responded";
-            grid1.setCols(7);
-            grid1.setText(0, 2, "Responded");
-            grid1.setText(0, 3, "Non responded");
-            grid1.setText(0, 4, "Total");
-            grid1.setText(0, 5, "Response\n%");
-            form_.TotalColumn = 4;
-            form_.PercentColumn = 5;
-            break;
-        case 1:
-            form_.Text2inputVisible = true;
-            form_.Text1inputTip = "Total number";
-            form_.Text2inputTip = "Responded";
-            grid1.setCols(6);
-            grid1.setText(0, 2, "Total");
-            grid1.setText(0, 3, "Responded");
-            grid1.setText(0, 4, "Response\n%");
-            form_.TotalColumn = 2;
-            form_.PercentColumn = 4;
-            break;
-        default:
-            form_.Text2inputVisible = false;
-            form_.Text1inputTip = "Response %";
-            form_.Text2inputTip.clear();
-            grid1.setCols(4);
-            grid1.setText(0, 2, "Response\n%");
-            form_.PercentColumn = 2;  // TotalColumn is left as it was
-            break;
+    layOutLine();
+    enableLine();
+    hideOptionsDialog();
+    if (form_.Visible)
+        setFocus(Focus::TextDose);
+    notify();
+    if (form_.ImportAfterNew == 1) {
+        form_.ImportAfterNew = 0;
+        TextMsg(TextMsgCode::Import);
     }
-    const bool narrow = c.ComboDataType == 2;
-    form_.CommandAcceptLeft = narrow ? 2350 : 3350;
-    form_.CommandEditLeft = narrow ? 3350 : 4350;
-    form_.CommandDelLeft = narrow ? 4325 : 5325;
+}
 
-    if (!form_.CheckCoVisible) {
-        grid2.setCols(4);
-        grid2.setText(0, 1, "Total");
-        grid2.setText(0, 2, "Response\n%");
-        grid2.setText(0, 3, "Corrected\nResponse\n%");
-    } else {
-        grid2.setCols(5);
-        grid2.setText(0, 1, "Total");
-        grid2.setText(0, 2, "Treated response\n%");
-        grid2.setText(0, 3, "Control response\n%");
-        grid2.setText(0, 4, "Corrected\nResponse\n%");
+// "Miss units": a line without a unit goes on only at Yes.
+bool LineDocument::passUnitsQuestion() {
+    if (!shared_.UnitWord.empty())
+        return true;
+    const Message question{
+        "You didn't set the " + shared_.DoseWord + " unit\ndo you want to continue?",
+        Buttons::YesNo, Icon::None, Answer::Yes, "Miss units"};
+    if (port_.ask(question) == Answer::No) {
+        const bool adjust = options_.controls.unitsTab() == UnitsTab::AdjustUnits;
+        setFocus(adjust ? Focus::ComboUnit1 : Focus::Text5);
+        notify();
+        return false;
     }
-    grid2.setRowHeight(0, 600);
-    grid1.setRowHeight(0, 500);
-    const std::string doseHeading = shared_.DoseWord + "\n(" + shared_.UnitWord + ")";
-    grid1.setText(0, 1, doseHeading);
-    grid2.setText(0, 0, doseHeading);
-    for (TextTable* grid : {&grid1, &grid2})
-        for (int col = 0; col < grid->cols(); ++col) {
-            grid->setColumnWidth(col, 1000);
-            grid->setColumnAlignment(col, 2);
-        }
-    grid1.setColumnWidth(0, 300);
-    grid1.setColumnWidth(grid1.cols() - 1, 0);  // the sort key is never seen
+    if (!options_.controls.ComboUnit2.empty())
+        options_.setComboUnit2("", shared_);
+    return true;
+}
 
+void LineDocument::layOutLine() {
+    table_.LayOut(options_.controls.dataType(), table_.ControlPerTreatment(), doseHeading());
     form_.Picture1Visible = true;
-    grid1.setCurrent(1, 2);
-    TextMsg("2");
+}
+
+// The new line is named "New file" and its commands are enabled.
+void LineDocument::enableLine() {
+    TextMsg(TextMsgCode::NewFileTitle);
     form_.CommandInfFormEnabled = true;
     form_.CommandChgangeOptionsEnabled = true;
     form_.TextNameEnabled = true;
     form_.Enabled = true;
+}
+
+void LineDocument::hideOptionsDialog() {
     const bool wasShown = options_.Visible;
     options_.Visible = false;
     options_.endHighlight();
     beforeNew_.reset();
     if (wasShown && observer_)
         observer_->optionsDialogHidden();
-    if (form_.Visible)
-        setFocus(Focus::TextDose);
-    notify();
-    if (form_.ImportAfterNew == 1) {
-        form_.ImportAfterNew = 0;
-        TextMsg("4");
-    }
 }
 
 void LineDocument::FileOptionsCancel() {
@@ -166,50 +97,38 @@ void LineDocument::FileOptionsCancel() {
     notify();
 }
 
-void LineDocument::FileOptionsText1(const std::string& code) {
-    if (code == "1") {
-        FileOptionsOK();
-    } else if (code == "2") {
-        FileOptionsCancel();
-    } else if (code == "3") {
-        LoadOptionDefaults();
+void LineDocument::FileOptionsText1(FileOptionsCode code) {
+    switch (code) {
+        case FileOptionsCode::OK:
+            FileOptionsOK();
+            break;
+        case FileOptionsCode::Cancel:
+            FileOptionsCancel();
+            break;
+        case FileOptionsCode::LoadOptionDefaults:
+            LoadOptionDefaults();
+            break;
     }
 }
 
 void LineDocument::SaveOptionDefaults() {
-    const std::string path = DefaultsFilePath(programFolder_);
-    FieldWriter out;
-    WriteOptionsRecord(out, options_.controls);
     try {
-        std::error_code ignored;
-        std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
-        ReplaceFileContents(path, out.bytes());
+        WriteOptionDefaults(programFolder_, options_.controls);
     } catch (const FileError& e) {
         port_.tell(std::string("An error occurred when saving default\n") + e.what());
     }
 }
 
 void LineDocument::LoadOptionDefaults() {
-    std::string bytes;
-    try {
-        bytes = ReadFileBytes(DefaultsFilePath(programFolder_));
-    } catch (const FileError& e) {
-        if (!e.notFound())
-            port_.tell(
-                "An error occurred when loading default\nplease check your option and reset your "
-                "default");
+    const DefaultsReading reading = ReadOptionDefaults(programFolder_, options_, shared_);
+    if (reading == DefaultsReading::Missing)
         return;
-    }
-    FieldReader in(bytes);
-    try {
-        ReadOptionsRecord(in, options_, shared_);
-    } catch (const std::exception&) {
-        // The controls keep what was read before the fault.
+    if (reading != DefaultsReading::Loaded)
         port_.tell(
             "An error occurred when loading default\nplease check your option and reset your "
             "default");
-    }
-    notify();
+    if (reading != DefaultsReading::Unreadable)
+        notify();
 }
 
 ChangeOptionsValues LineDocument::OpenChangeOptions() {
@@ -220,23 +139,18 @@ ChangeOptionsValues LineDocument::OpenChangeOptions() {
 }
 
 void LineDocument::ChangeOptionsOK(const ChangeOptionsValues& values) {
-    guarded([&] {
-        LineOptions& c = options_.controls;
-        c.Tab1 = 1;
-        shared_.DoseWord = c.Combo5 = values.Combo5;
-        shared_.UnitWord = c.Text5 = values.Text5;
-        shared_.EstimateWord = c.Combo6 = values.Combo6;
-        for (const char* alpha : kAlphaTexts)
-            if (values.Combo7 == alpha)
-                c.Combo7 = values.Combo7;
-        const std::string doseHeading = shared_.DoseWord + "\n(" + shared_.UnitWord + ")";
-        form_.Grid1.setText(0, 1, doseHeading);
-        form_.Grid2.setText(0, 0, doseHeading);
-        form_.Modified = 1;
-        form_.CommandSaveEnabled = true;
-        form_.Enabled = true;
-    });
+    LineOptions& c = options_.controls;
+    c.setUnitsTab(UnitsTab::CustomizeUnits);
+    shared_.DoseWord = c.Combo5 = values.Combo5;
+    shared_.UnitWord = c.Text5 = values.Text5;
+    shared_.EstimateWord = c.Combo6 = values.Combo6;
+    for (const char* alpha : kAlphaTexts)
+        if (values.Combo7 == alpha)
+            c.Combo7 = values.Combo7;
+    table_.setDoseHeading(doseHeading());
+    file_.MarkChanged();
     form_.Enabled = true;
+    notify();
 }
 
 void LineDocument::ChangeOptionsCancel() {
@@ -255,10 +169,8 @@ void LineDocument::NotesOK(const InfForm& form) {
     // Setting the treatment name box is a change of it, and marks the file changed
     // even when no note differs.
     setTextName(notes_.TreatmentName);
-    if (form.NotesChanged() == 1) {
-        form_.Modified = 1;
-        form_.CommandSaveEnabled = true;
-    }
+    if (form.NotesChanged() == 1)
+        file_.MarkChanged();
     form_.Enabled = true;
     notify();
 }

@@ -7,8 +7,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/LineCalculation.h"
 #include "core/NumberText.h"
-#include "document/LineDocument.h"
+#include "document/DataTable.h"
 
 namespace morvane {
 namespace {
@@ -42,97 +43,102 @@ void Clear(TextTable& grid2, bool checkCoVisible) {
     for (int c = 0; c < grid2.cols(); ++c)
         grid2.setText(1, c, "");
     if (checkCoVisible) {
-        grid2.setBack(1, 3, kControlColor);
+        grid2.setBack(1, matchedcol::Control, kControlColor);
     } else {
-        for (int c = 1; c < grid2.cols(); ++c)
+        for (int c = responsecol::Total; c < grid2.cols(); ++c)
             grid2.setBack(1, c, kControlColor);
     }
 }
 
-}  // namespace
+// The replicates of one dose, summed while Grid1 is walked.
+struct PooledDose {
+    std::string dose;  // the dose's text; empty before the first row
+    double totals = 0, weights = 0, responses = 0;
+};
 
-void LineDocument::ClearResponseTable() {
-    settleGrid1();
-    Clear(form_.Grid2, form_.CheckCoVisible);
-}
+// The rows of Grid2 without a control per treatment: the control's mean in row 1, the
+// treatments' means from row 2 with their band colours.
+class Pooling {
+  public:
+    Pooling(TextTable& grid2, const TableRules& rules, const EntryLayout& layout)
+        : grid2_(grid2), rules_(rules), layout_(layout) {}
 
-void LineDocument::RebuildResponseTable() {
-    if (form_.CheckCoVisible) {
-        RebuildMatchedResponseTable();
-        return;
-    }
-    settleGrid1();
-    const TextTable& grid1 = form_.Grid1;
-    TextTable grid2 = form_.Grid2;  // built aside, so that a fault leaves Grid2 as it was
-    Clear(grid2, false);
-    // The band colour of each treatment row of Grid1, painted when all went well.
-    std::vector<std::pair<int, std::optional<Color>>> bands;
-
-    if (grid1.rows() != 2) {
-        const bool type2 = options_.controls.ComboDataType == 2;
-        const bool weighting = options_.ReplicatesWeighting();
+    // Walks Grid1's data rows and the empty last row, which ends the last dose.
+    void run(const TextTable& grid1) {
         const int last = grid1.rows() - 1;
-        std::string previous;
-        double sumTotals = 0, sumWeights = 0, sumResponses = 0;
-        int band = 1;
         for (int r = 1; r <= last; ++r) {
             // Doses are grouped by their text: "10" and "10.0" are two doses here.
-            const std::string& dose = grid1.text(r, 1);
-            if (dose != previous && !previous.empty()) {
-                const double mean = Mean(sumResponses, sumWeights, previous);
-                int target = 1;
-                if (previous != "0") {
-                    grid2.addRow();
-                    target = grid2.rows() - 1;
-                    for (int c = 1; c < grid2.cols(); ++c)
-                        grid2.setBack(target, c, band == 1 ? DefaultCellColor : kBandColor);
-                    band = 1 - band;
-                }
-                grid2.setText(target, 0, previous);
-                grid2.setText(target, 1, PlainText(sumTotals));
-                grid2.setText(target, 2, FormatNumber(mean, "0.000"));
-                sumTotals = sumWeights = sumResponses = 0;
+            const std::string& dose = grid1.text(r, dosecol::Dose);
+            if (dose != sums_.dose && !sums_.dose.empty()) {
+                writeDose();
                 if (r == last)
                     break;
             }
-            const double total = type2 ? 100 : NumberOf(grid1.text(r, form_.TotalColumn));
-            const double weight = weighting ? total : 1;
-            sumResponses += NumberOf(grid1.text(r, form_.PercentColumn)) * weight;
-            sumTotals += total;
-            sumWeights += weight;
-            previous = dose;
-            if (grid1.text(r, 0) == "T")
-                bands.emplace_back(r, band == 1 ? DefaultCellColor : kBandColor);
-        }
-
-        if (grid2.text(1, 0).empty()) {
-            // No control: the response is its own corrected response.
-            for (int i = 2; i < grid2.rows(); ++i) {
-                grid2.setText(i, 3, grid2.text(i, 2));
-                grid2.setFore(i, 3, ResponseLetters(grid2.text(i, 3)));
-            }
-        } else {
-            const double control = NumberOf(grid2.text(1, 2));
-            for (int i = 1; i < grid2.rows(); ++i) {
-                grid2.setText(i, 3, Corrected(NumberOf(grid2.text(i, 2)), control));
-                // The control's own row keeps the default letters.
-                if (i >= 2)
-                    grid2.setFore(i, 3, ResponseLetters(grid2.text(i, 3)));
-            }
+            add(grid1, r);
+            if (grid1.text(r, dosecol::Label) == "T")
+                bands.emplace_back(r, colour());
         }
     }
 
-    form_.Grid2 = std::move(grid2);
-    TextTable& table = form_.Grid1;
-    for (const auto& [row, colour] : bands)
-        for (int c = 2; c < table.cols(); ++c)
-            table.setBack(row, c, colour);
-    form_.CommandCalcEnabled = morvane::CalculateEnabled(form_.Grid2, false);
-    table.setCurrent(table.currentRow(), 2);
-    notify();
-}
+    std::vector<std::pair<int, std::optional<Color>>> bands;
 
-namespace {
+  private:
+    std::optional<Color> colour() const { return band_ == 1 ? DefaultCellColor : kBandColor; }
+
+    void add(const TextTable& grid1, int r) {
+        const bool type2 = rules_.dataType == DataType::ResponsePercentage;
+        const double total = type2 ? 100 : NumberOf(grid1.text(r, layout_.TotalColumn));
+        const double weight = rules_.weighting ? total : 1;
+        sums_.responses += NumberOf(grid1.text(r, layout_.PercentColumn)) * weight;
+        sums_.totals += total;
+        sums_.weights += weight;
+        sums_.dose = grid1.text(r, dosecol::Dose);
+    }
+
+    void writeDose() {
+        const double mean = Mean(sums_.responses, sums_.weights, sums_.dose);
+        int target = 1;
+        if (sums_.dose != "0") {
+            grid2_.addRow();
+            target = grid2_.rows() - 1;
+            for (int c = responsecol::Total; c < grid2_.cols(); ++c)
+                grid2_.setBack(target, c, colour());
+            band_ = 1 - band_;
+        }
+        grid2_.setText(target, responsecol::Dose, sums_.dose);
+        grid2_.setText(target, responsecol::Total, PlainText(sums_.totals));
+        grid2_.setText(target, responsecol::Response, FormatNumber(mean, "0.000"));
+        sums_ = PooledDose{};
+    }
+
+    TextTable& grid2_;
+    const TableRules& rules_;
+    const EntryLayout& layout_;
+    PooledDose sums_;
+    int band_ = 1;
+};
+
+// The corrected responses of Grid2 without a control per treatment.
+void CorrectForControl(TextTable& grid2) {
+    if (grid2.text(1, responsecol::Dose).empty()) {
+        // No control: the response is its own corrected response.
+        for (int i = 2; i < grid2.rows(); ++i) {
+            grid2.setText(i, responsecol::Corrected, grid2.text(i, responsecol::Response));
+            grid2.setFore(i, responsecol::Corrected,
+                          ResponseLetters(grid2.text(i, responsecol::Corrected)));
+        }
+        return;
+    }
+    const double control = NumberOf(grid2.text(1, responsecol::Response));
+    for (int i = 1; i < grid2.rows(); ++i) {
+        grid2.setText(i, responsecol::Corrected,
+                      Corrected(NumberOf(grid2.text(i, responsecol::Response)), control));
+        // The control's own row keeps the default letters.
+        if (i >= 2)
+            grid2.setFore(i, responsecol::Corrected,
+                          ResponseLetters(grid2.text(i, responsecol::Corrected)));
+    }
+}
 
 // A sum of weights held in 16 bits, rounded at every addition.
 std::int16_t AddWeight(std::int16_t sum, double weight, const std::string& dose) {
@@ -150,75 +156,132 @@ struct DoseSums {
     bool any = false;
 };
 
+// The doses of Grid1, in the order they first stand, compared by number, as rows of
+// Grid2 (dose text and control colour); gives the Grid2 row of each Grid1 row.
+std::vector<int> MatchedDoseRows(const TextTable& grid1, TextTable& grid2) {
+    std::unordered_map<double, int> rowOfDose;
+    std::vector<int> doseRow(static_cast<std::size_t>(grid1.rows()), 0);
+    for (int r = 1; r <= grid1.rows() - 2; ++r) {
+        double dose = NumberOf(grid1.text(r, dosecol::Dose));
+        if (dose == 0)
+            dose = 0;  // -0 and 0 are one dose
+        auto [it, added] = rowOfDose.try_emplace(dose, grid2.rows() - 1);
+        if (added) {
+            grid2.setText(it->second, matchedcol::Dose, grid1.text(r, dosecol::Dose));
+            grid2.setBack(it->second, matchedcol::Control, kControlColor);
+            grid2.addRow();
+        }
+        doseRow[static_cast<std::size_t>(r)] = it->second;
+    }
+    grid2.removeRow(grid2.rows() - 1);
+    return doseRow;
+}
+
+// The treated and control means of each dose of the matched Grid2.
+void WriteMatchedMeans(const TextTable& grid1, const std::vector<int>& doseRow,
+                       const TableRules& rules, const EntryLayout& layout, TextTable& grid2) {
+    const bool type2 = rules.dataType == DataType::ResponsePercentage;
+    std::vector<DoseSums> treated(static_cast<std::size_t>(grid2.rows()));
+    std::vector<DoseSums> controls(static_cast<std::size_t>(grid2.rows()));
+    for (int r = 1; r <= grid1.rows() - 2; ++r) {
+        const int i = doseRow[static_cast<std::size_t>(r)];
+        const double total = type2 ? 100 : NumberOf(grid1.text(r, layout.TotalColumn));
+        const double weight = rules.weighting ? total : 1;
+        DoseSums& sums = grid1.text(r, dosecol::Label) == "T"
+                             ? treated[static_cast<std::size_t>(i)]
+                             : controls[static_cast<std::size_t>(i)];
+        sums.totals += total;
+        sums.weights = AddWeight(sums.weights, weight, grid1.text(r, dosecol::Dose));
+        sums.responses += NumberOf(grid1.text(r, layout.PercentColumn)) * weight;
+        sums.any = true;
+    }
+    for (int i = 1; i < grid2.rows(); ++i) {
+        const DoseSums& t = treated[static_cast<std::size_t>(i)];
+        const DoseSums& c = controls[static_cast<std::size_t>(i)];
+        const std::string& dose = grid2.text(i, matchedcol::Dose);
+        if (t.any) {
+            grid2.setText(i, matchedcol::Total, PlainText(t.totals));
+            grid2.setText(i, matchedcol::Treated,
+                          FormatNumber(Mean(t.responses, t.weights, dose), "0.000"));
+        }
+        if (c.any)
+            grid2.setText(i, matchedcol::Control,
+                          FormatNumber(Mean(c.responses, c.weights, dose), "0.000"));
+    }
+}
+
+// A dose without a control of its own is not corrected; nothing is carried over from
+// another dose.
+void CorrectForOwnControls(TextTable& grid2) {
+    for (int i = 1; i < grid2.rows(); ++i) {
+        const std::string& controlText = grid2.text(i, matchedcol::Control);
+        const double control = controlText.empty() ? 0 : NumberOf(controlText);
+        if (grid2.text(i, matchedcol::Treated).empty())
+            continue;
+        grid2.setText(i, matchedcol::Corrected,
+                      Corrected(NumberOf(grid2.text(i, matchedcol::Treated)), control));
+        grid2.setFore(i, matchedcol::Corrected,
+                      ResponseLetters(grid2.text(i, matchedcol::Corrected)));
+    }
+}
+
 }  // namespace
 
-void LineDocument::RebuildMatchedResponseTable() {
-    settleGrid1();
-    const TextTable& grid1 = form_.Grid1;
-    TextTable grid2 = form_.Grid2;
-    Clear(grid2, true);
+DataTable::Responses DataTable::Build(const TextTable& grid1, const TableRules& rules) const {
+    return layout_.CheckCoVisible ? BuildMatchedResponses(grid1, rules)
+                                  : BuildResponses(grid1, rules);
+}
 
+DataTable::Responses DataTable::BuildResponses(const TextTable& grid1,
+                                               const TableRules& rules) const {
+    Responses out{grid2_, {}, {}};  // built aside, so that a fault leaves Grid2 as it was
+    Clear(out.grid2, false);
     if (grid1.rows() != 2) {
-        // The doses, in the order they first stand in Grid1, compared by number.
-        std::unordered_map<double, int> rowOfDose;
-        std::vector<int> doseRow(static_cast<std::size_t>(grid1.rows()), 0);
-        for (int r = 1; r <= grid1.rows() - 2; ++r) {
-            double dose = NumberOf(grid1.text(r, 1));
-            if (dose == 0)
-                dose = 0;  // -0 and 0 are one dose
-            auto [it, added] = rowOfDose.try_emplace(dose, grid2.rows() - 1);
-            if (added) {
-                grid2.setText(it->second, 0, grid1.text(r, 1));
-                grid2.setBack(it->second, 3, kControlColor);
-                grid2.addRow();
-            }
-            doseRow[static_cast<std::size_t>(r)] = it->second;
-        }
-        grid2.removeRow(grid2.rows() - 1);
-
-        const bool type2 = options_.controls.ComboDataType == 2;
-        const bool weighting = options_.ReplicatesWeighting();
-        std::vector<DoseSums> treated(static_cast<std::size_t>(grid2.rows()));
-        std::vector<DoseSums> controls(static_cast<std::size_t>(grid2.rows()));
-        for (int r = 1; r <= grid1.rows() - 2; ++r) {
-            const int i = doseRow[static_cast<std::size_t>(r)];
-            const double total = type2 ? 100 : NumberOf(grid1.text(r, form_.TotalColumn));
-            const double weight = weighting ? total : 1;
-            DoseSums& sums = grid1.text(r, 0) == "T" ? treated[static_cast<std::size_t>(i)]
-                                                     : controls[static_cast<std::size_t>(i)];
-            sums.totals += total;
-            sums.weights = AddWeight(sums.weights, weight, grid1.text(r, 1));
-            sums.responses += NumberOf(grid1.text(r, form_.PercentColumn)) * weight;
-            sums.any = true;
-        }
-        for (int i = 1; i < grid2.rows(); ++i) {
-            const DoseSums& t = treated[static_cast<std::size_t>(i)];
-            const DoseSums& c = controls[static_cast<std::size_t>(i)];
-            const std::string& dose = grid2.text(i, 0);
-            if (t.any) {
-                grid2.setText(i, 1, PlainText(t.totals));
-                grid2.setText(i, 2, FormatNumber(Mean(t.responses, t.weights, dose), "0.000"));
-            }
-            if (c.any)
-                grid2.setText(i, 3, FormatNumber(Mean(c.responses, c.weights, dose), "0.000"));
-        }
-
-        // A dose without a control of its own is not corrected; nothing is carried
-        // over from another dose.
-        for (int i = 1; i < grid2.rows(); ++i) {
-            const double control = grid2.text(i, 3).empty() ? 0 : NumberOf(grid2.text(i, 3));
-            if (grid2.text(i, 2).empty())
-                continue;
-            grid2.setText(i, 4, Corrected(NumberOf(grid2.text(i, 2)), control));
-            grid2.setFore(i, 4, ResponseLetters(grid2.text(i, 4)));
-        }
-        form_.CommandCalcEnabled = morvane::CalculateEnabled(grid2, true);
+        Pooling pooling(out.grid2, rules, layout_);
+        pooling.run(grid1);
+        out.bands = std::move(pooling.bands);
+        CorrectForControl(out.grid2);
     }
+    out.calculateEnabled = morvane::CalculateEnabled(out.grid2, false);
+    return out;
+}
 
-    form_.Grid2 = std::move(grid2);
-    TextTable& table = form_.Grid1;
-    table.setCurrent(table.currentRow(), 2);
-    notify();
+DataTable::Responses DataTable::BuildMatchedResponses(const TextTable& grid1,
+                                                      const TableRules& rules) const {
+    Responses out{grid2_, {}, {}};
+    Clear(out.grid2, true);
+    if (grid1.rows() != 2) {
+        const std::vector<int> doseRow = MatchedDoseRows(grid1, out.grid2);
+        WriteMatchedMeans(grid1, doseRow, rules, layout_, out.grid2);
+        CorrectForOwnControls(out.grid2);
+        out.calculateEnabled = morvane::CalculateEnabled(out.grid2, true);
+    }
+    return out;
+}
+
+void DataTable::commit(TextTable grid1, Responses responses) {
+    grid1_ = std::move(grid1);
+    sortPending_ = false;
+    putResponses(std::move(responses));
+}
+
+void DataTable::putResponses(Responses responses) {
+    grid2_ = std::move(responses.grid2);
+    for (const auto& [row, colour] : responses.bands)
+        for (int c = dosecol::FirstValue; c < grid1_.cols(); ++c)
+            grid1_.setBack(row, c, colour);
+    if (responses.calculateEnabled)
+        calculateEnabled_ = *responses.calculateEnabled;
+    grid1_.setCurrent(grid1_.currentRow(), dosecol::FirstValue);
+}
+
+void DataTable::RebuildResponseTable(const TableRules& rules) {
+    putResponses(Build(Grid1(), rules));
+}
+
+void DataTable::ClearResponseTable() {
+    Grid1();
+    Clear(grid2_, layout_.CheckCoVisible);
 }
 
 }  // namespace morvane

@@ -184,14 +184,17 @@ FilteredLineEdit* MainWindow::makeCell(InputCell cell) {
             doc.setText2input(text.toStdString());
     });
     connect(edit, &FilteredLineEdit::enterPressed, this,
-            [this, cell] { moveBy(EnterKey(cell, program_.document().main().Text2inputVisible)); });
-    connect(edit, &FilteredLineEdit::rightArrowAtEnd, this, [this, cell] {
-        moveBy(RightArrowAtEnd(cell, program_.document().main().Text2inputVisible));
-    });
+            [this, cell] { moveBy(EnterKey(cell, text2inputVisible())); });
+    connect(edit, &FilteredLineEdit::rightArrowAtEnd, this,
+            [this, cell] { moveBy(RightArrowAtEnd(cell, text2inputVisible())); });
     connect(edit, &FilteredLineEdit::leftArrowAtStart, this,
             [this, cell] { moveBy(LeftArrowAtStart(cell)); });
     connect(edit, &FilteredLineEdit::focusLeft, this, [this, cell] { leaveCell(cell); });
     return edit;
+}
+
+bool MainWindow::text2inputVisible() const {
+    return program_.document().table().layout().Text2inputVisible;
 }
 
 void MainWindow::moveBy(KeyMove move) {
@@ -239,37 +242,40 @@ void MainWindow::refresh() {
     refreshing_ = true;
     const LineDocument& doc = program_.document();
     const MainForm& form = doc.main();
+    const DataTable& table = doc.table();
+    const EntryLayout& layout = table.layout();
+    const LineFile& file = doc.file();
     const SharedRegisters& shared = program_.shared();
-    setWindowTitle(QString::fromStdString(form.Caption));
+    setWindowTitle(QString::fromStdString(file.Caption()));
 
     auto setText = [](QLineEdit* edit, const std::string& text) {
         const QString value = QString::fromStdString(text);
         if (edit->text() != value)
             edit->setText(value);
     };
-    setText(textDose_, form.TextDose);
-    setText(text1input_, form.Text1input);
-    setText(text2input_, form.Text2input);
+    setText(textDose_, table.TextDose());
+    setText(text1input_, table.Text1input());
+    setText(text2input_, table.Text2input());
     setText(textName_, form.TextName);
-    text2input_->setVisible(form.Text2inputVisible);
-    text2Label_->setVisible(form.Text2inputVisible);
-    text1input_->setToolTip(QString::fromStdString(form.Text1inputTip));
-    text2input_->setToolTip(QString::fromStdString(form.Text2inputTip));
-    text1Label_->setText(QString::fromStdString(form.Text1inputTip));
-    text2Label_->setText(QString::fromStdString(form.Text2inputTip));
+    text2input_->setVisible(layout.Text2inputVisible);
+    text2Label_->setVisible(layout.Text2inputVisible);
+    text1input_->setToolTip(QString::fromStdString(layout.Text1inputTip));
+    text2input_->setToolTip(QString::fromStdString(layout.Text2inputTip));
+    text1Label_->setText(QString::fromStdString(layout.Text1inputTip));
+    text2Label_->setText(QString::fromStdString(layout.Text2inputTip));
     doseLabel_->setText(QString::fromStdString(shared.DoseWord));
     textDose_->setToolTip(QString::fromStdString(shared.DoseWord));
-    checkCo_->setVisible(form.CheckCoVisible);
-    checkCo_->setChecked(form.CheckCo == 1);
-    place(commandAccept_, form.CommandAcceptLeft, kCellTop, kCellWidth, kCellHeight);
-    place(commandEdit_, form.CommandEditLeft, kCellTop, kCellWidth, kCellHeight);
-    place(commandDel_, form.CommandDelLeft, kCellTop, kCellWidth, kCellHeight);
+    checkCo_->setVisible(layout.CheckCoVisible);
+    checkCo_->setChecked(table.CheckCo() == 1);
+    place(commandAccept_, layout.CommandAcceptLeft, kCellTop, kCellWidth, kCellHeight);
+    place(commandEdit_, layout.CommandEditLeft, kCellTop, kCellWidth, kCellHeight);
+    place(commandDel_, layout.CommandDelLeft, kCellTop, kCellWidth, kCellHeight);
 
-    commandSave_->setEnabled(form.CommandSaveEnabled);
+    commandSave_->setEnabled(file.CommandSaveEnabled());
     commandNotes_->setEnabled(form.CommandInfFormEnabled);
     commandChangeOptions_->setEnabled(form.CommandChgangeOptionsEnabled);
     textName_->setEnabled(form.TextNameEnabled);
-    commandCalc_->setEnabled(form.CommandCalcEnabled);
+    commandCalc_->setEnabled(table.CalculateEnabled());
     picture1_->setVisible(form.Picture1Visible);
     setContentEnabled(form.Enabled);
 

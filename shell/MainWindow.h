@@ -67,6 +67,7 @@ class MainWindow : public QWidget {
 
   private:
     FilteredLineEdit* makeCell(InputCell cell);
+    bool text2inputVisible() const;
     void moveBy(KeyMove move);
     void leaveCell(InputCell cell);
     void place(QWidget* widget, double left, double top, double width, double height);

@@ -137,10 +137,9 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     layout->addLayout(buttons);
 
     // The controls' events go to the options of the document.
-    for (int i = 0; i < 3; ++i) {
-        QRadioButton* option = (i == 0 ? option1_ : i == 1 ? option2_ : option3_);
-        connect(option, &QRadioButton::clicked, this, [this, i] {
-            change([i](FileOptions& o, SharedRegisters& s) { o.selectOption(i + 1, s); });
+    for (const auto& [button, option] : optionButtons()) {
+        connect(button, &QRadioButton::clicked, this, [this, option] {
+            change([option](FileOptions& o, SharedRegisters& s) { o.selectOption(option, s); });
         });
     }
     connect(comboUnit1_, &QComboBox::currentTextChanged, this, [this](const QString& text) {
@@ -167,7 +166,7 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     });
     connect(comboDataType_, &QComboBox::currentIndexChanged, this, [this](int index) {
         change([index](FileOptions& o, SharedRegisters&) {
-            o.setDataType(static_cast<std::int16_t>(index));
+            o.setDataType(static_cast<DataType>(index));  // the list is in DataType's order
         });
     });
     connect(check2_, &QCheckBox::clicked, this, [this](bool on) {
@@ -182,7 +181,7 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     });
     connect(tab1_, &QTabWidget::currentChanged, this, [this](int tab) {
         change([tab](FileOptions& o, SharedRegisters&) {
-            o.controls.Tab1 = static_cast<std::int16_t>(tab);
+            o.controls.setUnitsTab(tab == 1 ? UnitsTab::CustomizeUnits : UnitsTab::AdjustUnits);
         });
     });
     combo5_->installEventFilter(this);
@@ -217,7 +216,7 @@ void OptionsDialog::change(const std::function<void(FileOptions&, SharedRegister
         return;
     program_.run([&] { edit(program_.document().fileOptionsControls(), program_.shared()); });
     // Each choice of a factor type starts the highlight's second anew.
-    if (program_.document().fileOptions().HighlightedOption != 0)
+    if (program_.document().fileOptions().HighlightedOption != FactorOption::None)
         timer1_.start();
 }
 
@@ -236,14 +235,19 @@ bool OptionsDialog::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
+std::array<std::pair<QRadioButton*, FactorOption>, 3> OptionsDialog::optionButtons() const {
+    return {{{option1_, FactorOption::Dose},
+             {option2_, FactorOption::Con},
+             {option3_, FactorOption::Time}}};
+}
+
 void OptionsDialog::refresh() {
     refreshing_ = true;
     const FileOptions& options = program_.document().fileOptions();
     const LineOptions& c = options.controls;
-    tab1_->setCurrentIndex(c.Tab1 == 1 ? 1 : 0);
-    option1_->setChecked(c.FactorOption == 1);
-    option2_->setChecked(c.FactorOption == 2);
-    option3_->setChecked(c.FactorOption == 3);
+    tab1_->setCurrentIndex(c.unitsTab() == UnitsTab::CustomizeUnits ? 1 : 0);
+    for (const auto& [button, option] : optionButtons())
+        button->setChecked(c.factor() == option);
     SetComboText(comboUnit1_, c.ComboUnit1);
     SetComboText(comboUnit2_, c.ComboUnit2);
     labelUnits_->setText(QString::fromStdString(options.LabelUnits));
@@ -252,18 +256,18 @@ void OptionsDialog::refresh() {
     if (text5_->text() != QString::fromStdString(c.Text5))
         text5_->setText(QString::fromStdString(c.Text5));
     check3_->setChecked(c.Check3 == 1);
-    if (comboDataType_->currentIndex() != c.ComboDataType)
-        comboDataType_->setCurrentIndex(c.ComboDataType);
+    const int dataType = static_cast<int>(c.dataType());
+    if (comboDataType_->currentIndex() != dataType)
+        comboDataType_->setCurrentIndex(dataType);
     check2_->setChecked(c.Check2 == 1);
     check2_->setEnabled(options.Check2Enabled());
     SetComboText(combo7_, c.Combo7);
     check4_->setChecked(c.Check4 == 1);
     // The chosen factor type's caption shows red until the timer ends it.
-    const int highlight = options.HighlightedOption;
-    QRadioButton* buttons[] = {option1_, option2_, option3_};
-    for (int i = 0; i < 3; ++i)
-        buttons[i]->setStyleSheet(highlight == i + 1 ? "color: rgb(255,0,0);" : "");
-    if (highlight != 0 && !timer1_.isActive())
+    const FactorOption highlight = options.HighlightedOption;
+    for (const auto& [button, option] : optionButtons())
+        button->setStyleSheet(highlight == option ? "color: rgb(255,0,0);" : "");
+    if (highlight != FactorOption::None && !timer1_.isActive())
         timer1_.start();
     refreshing_ = false;
 }

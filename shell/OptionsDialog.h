@@ -5,6 +5,9 @@
 // options that the document holds (document/FileOptions.h) and sends each change
 // there; OK and Cancel are the document's routines.
 
+#include <array>
+#include <utility>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -57,6 +60,8 @@ class OptionsDialog : public QDialog {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    // The option buttons of the factor type with the option each stands for.
+    std::array<std::pair<QRadioButton*, FactorOption>, 3> optionButtons() const;
     void change(const std::function<void(FileOptions&, SharedRegisters&)>& edit);
 
     Program& program_;

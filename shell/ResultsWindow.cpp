@@ -613,7 +613,7 @@ void ResultsWindow::closeEvent(QCloseEvent* event) {
         event->accept();
         return;
     }
-    const bool saveEnabled = program_.document().main().CommandSaveEnabled;
+    const bool saveEnabled = program_.document().file().CommandSaveEnabled();
     switch (results_->Unload(saveEnabled)) {
         case ResultsCloseAction::EndProgram:
             event->accept();
@@ -622,7 +622,7 @@ void ResultsWindow::closeEvent(QCloseEvent* event) {
         case ResultsCloseAction::LeaveWithSaveQuestion:
             hide();
             program_.returnToInput(*this);
-            program_.run([this] { program_.document().TextMsg("17"); });
+            program_.run([this] { program_.document().TextMsg(TextMsgCode::Closing); });
             event->accept();
             return;
         case ResultsCloseAction::BackToInput:

@@ -12,7 +12,7 @@ using DataEntryTest = DocumentTest;
 const char* const kExtremeTail = "\nMorvane can't operate with these extreme values";
 
 TEST_F(DataEntryTest, EmptyNewTableHasOnlyTheEmptyLastRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 7);
     EXPECT_EQ(Row(doc.Grid1(), 1), "||||||");
@@ -21,13 +21,13 @@ TEST_F(DataEntryTest, EmptyNewTableHasOnlyTheEmptyLastRow) {
 }
 
 TEST_F(DataEntryTest, AcceptWritesTheRowOfEachDataType) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "7", "3");
     EXPECT_EQ(Row(doc.Grid1(), 1), "T|10|7|3|10|70.000|1.02329299228T");
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("10", "20", "16");
     EXPECT_EQ(Row(doc.Grid1(), 1), "T|10|20|16|80.000|1.02329299228T");
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("10", "33.3333");
     EXPECT_EQ(Row(doc.Grid1(), 1), "T|10|33.333|1.02329299228T");
     EXPECT_EQ(doc.Grid1().rows(), 3);
@@ -35,29 +35,29 @@ TEST_F(DataEntryTest, AcceptWritesTheRowOfEachDataType) {
 }
 
 TEST_F(DataEntryTest, AcceptKeepsTheDoseAndEmptiesTheCounts) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "7", "3");
-    EXPECT_EQ(doc.main().TextDose, "10");
-    EXPECT_EQ(doc.main().Text1input, "");
-    EXPECT_EQ(doc.main().Text2input, "");
+    EXPECT_EQ(doc.table().TextDose(), "10");
+    EXPECT_EQ(doc.table().Text1input(), "");
+    EXPECT_EQ(doc.table().Text2input(), "");
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(DataEntryTest, AcceptRefusesAnEmptyDose) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setText1input("5");
     doc.setText2input("5");
     doc.CommandAccept();
     EXPECT_EQ(LastMessage(), "Missing data");
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
     EXPECT_EQ(doc.Grid1().rows(), 2);
-    EXPECT_EQ(doc.main().Text1input, "5");
+    EXPECT_EQ(doc.table().Text1input(), "5");
 }
 
 TEST_F(DataEntryTest, AcceptLimitsAreOneEFortyAndOneEMinusEight) {
-    StartLine(0, "ppm");  // a concentration: the word is "Con."
+    StartLine(DataType::RespondedAndNonResponded, "ppm");  // a concentration: the word is "Con."
     Type("2e40", "1", "1");
     EXPECT_EQ(LastMessage(), std::string("Con. value is verrry high.") + kExtremeTail);
     Type("1e40", "1", "1");
@@ -71,8 +71,8 @@ TEST_F(DataEntryTest, AcceptLimitsAreOneEFortyAndOneEMinusEight) {
 }
 
 TEST_F(DataEntryTest, ZeroDoseIsRefusedWhenEachTreatmentHasAControl) {
-    StartLine(0, "hour");
-    ASSERT_TRUE(doc.main().CheckCoVisible);
+    StartLine(DataType::RespondedAndNonResponded, "hour");
+    ASSERT_TRUE(doc.table().layout().CheckCoVisible);
     Type("0", "1", "9", true);
     EXPECT_EQ(LastMessage(),
               "Cant accept 0 value when you have control associated each treatment.");
@@ -80,7 +80,7 @@ TEST_F(DataEntryTest, ZeroDoseIsRefusedWhenEachTreatmentHasAControl) {
 }
 
 TEST_F(DataEntryTest, TypeTwoChecksMissingAndAbove100) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     doc.setTextDose("5");
     doc.CommandAccept();
     EXPECT_EQ(LastMessage(), "Missing data");
@@ -93,7 +93,7 @@ TEST_F(DataEntryTest, TypeTwoChecksMissingAndAbove100) {
 }
 
 TEST_F(DataEntryTest, TypeOneChecksInOrder) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("5", "", "3");
     EXPECT_EQ(LastMessage(), "Missing data");
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
@@ -111,7 +111,7 @@ TEST_F(DataEntryTest, TypeOneChecksInOrder) {
 }
 
 TEST_F(DataEntryTest, TypeZeroChecksMissingAndNilSum) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("5", "3", "");
     EXPECT_EQ(LastMessage(), "Missing data");
     EXPECT_EQ(doc.main().focus, Focus::Text2input);
@@ -123,43 +123,43 @@ TEST_F(DataEntryTest, TypeZeroChecksMissingAndNilSum) {
 }
 
 TEST_F(DataEntryTest, TheDoseIsCheckedBeforeTheCounts) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("1e41", "3", "4");
     EXPECT_EQ(LastMessage(), std::string("Dose value is verrry high.") + kExtremeTail);
 }
 
 TEST_F(DataEntryTest, LeavingACellWritesTheTextOfItsValue) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("10.0");
     EXPECT_TRUE(doc.leaveTextDose());
-    EXPECT_EQ(doc.main().TextDose, "10");
+    EXPECT_EQ(doc.table().TextDose(), "10");
     doc.setTextDose("1E-05");
     EXPECT_TRUE(doc.leaveTextDose());
-    EXPECT_EQ(doc.main().TextDose, "0.00001");
+    EXPECT_EQ(doc.table().TextDose(), "0.00001");
     doc.setText1input("007.50");
     EXPECT_TRUE(doc.leaveText1input());
-    EXPECT_EQ(doc.main().Text1input, "7.5");
+    EXPECT_EQ(doc.table().Text1input(), "7.5");
     doc.setText2input("");
     EXPECT_TRUE(doc.leaveText2input());
-    EXPECT_EQ(doc.main().Text2input, "");
+    EXPECT_EQ(doc.table().Text2input(), "");
     EXPECT_TRUE(port.messages.empty());
 }
 
 TEST_F(DataEntryTest, ANegativeDoseIsEmptiedWithoutAWord) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("-5");
     EXPECT_TRUE(doc.leaveTextDose());
-    EXPECT_EQ(doc.main().TextDose, "");
+    EXPECT_EQ(doc.table().TextDose(), "");
     EXPECT_TRUE(port.messages.empty());
 }
 
 TEST_F(DataEntryTest, TextThatIsNoNumberIsAnInvaledValue) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setText1input("1.2.3");
     EXPECT_FALSE(doc.leaveText1input());
     EXPECT_EQ(LastMessage(), "invaled value!");
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
-    EXPECT_EQ(doc.main().Text1input, "1.2.3");
+    EXPECT_EQ(doc.table().Text1input(), "1.2.3");
     doc.setText2input(".");
     EXPECT_FALSE(doc.leaveText2input());
     EXPECT_EQ(doc.main().focus, Focus::Text2input);
@@ -168,7 +168,7 @@ TEST_F(DataEntryTest, TextThatIsNoNumberIsAnInvaledValue) {
 TEST_F(DataEntryTest, ACommaPassesTheKeyFilterAndTheConversionDecides) {
     EXPECT_TRUE(InputKeyAllowed(InputCell::TextDose, ','));
     EXPECT_FALSE(InputKeyAllowed(InputCell::Text1input, ','));
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("1,5");
     EXPECT_FALSE(doc.leaveTextDose());
     EXPECT_EQ(LastMessage(), "invaled value!");
@@ -199,7 +199,7 @@ TEST_F(DataEntryTest, ArrowsAndEnterMoveThroughTheCells) {
 }
 
 TEST_F(DataEntryTest, RowsAreSortedByDoseWithControlsFirst) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("100", "5", "5");
     Type("2", "1", "9");
     Type("10", "4", "6");
@@ -211,35 +211,35 @@ TEST_F(DataEntryTest, RowsAreSortedByDoseWithControlsFirst) {
     EXPECT_EQ(Row(g, 3), "C|10|0|10|10|0.000|1.02329299228C");
     EXPECT_EQ(Row(g, 4), "T|10|4|6|10|40.000|1.02329299228T");
     EXPECT_EQ(Row(g, 5), "T|100|5|5|10|50.000|1.04712854805T");
-    EXPECT_EQ(g.back(3, 2), kControlColor);
-    EXPECT_EQ(g.back(3, 6), kControlColor);
-    EXPECT_EQ(g.back(3, 1), std::nullopt);
+    EXPECT_EQ(g.back(3, dosecol::FirstValue), kControlColor);
+    EXPECT_EQ(g.back(3, kCountsColumns.sortKey()), kControlColor);
+    EXPECT_EQ(g.back(3, dosecol::Dose), std::nullopt);
 }
 
 TEST_F(DataEntryTest, ReplicatesOfOneDoseKeepTheOrderTheyCameIn) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "1", "9");
     Type("20", "2", "8");
     Type("10", "3", "7");
-    EXPECT_EQ(doc.Grid1().text(1, 2), "1");
-    EXPECT_EQ(doc.Grid1().text(2, 2), "3");
-    EXPECT_EQ(doc.Grid1().text(3, 2), "2");
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::FirstValue), "1");
+    EXPECT_EQ(doc.Grid1().text(2, dosecol::FirstValue), "3");
+    EXPECT_EQ(doc.Grid1().text(3, dosecol::FirstValue), "2");
 }
 
 TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextDose("1e45");
     doc.setText1input("3");
     doc.setText2input("7");
-    EXPECT_TRUE(doc.AcceptRow());        // an imported dose of 1e+45 is taken
-    EXPECT_EQ(doc.main().TextDose, "");  // all three cells are emptied
-    EXPECT_EQ(doc.main().Text1input, "");
+    EXPECT_TRUE(doc.AcceptRow());           // an imported dose of 1e+45 is taken
+    EXPECT_EQ(doc.table().TextDose(), "");  // all three cells are emptied
+    EXPECT_EQ(doc.table().Text1input(), "");
     doc.setTextDose("1e51");
     doc.setText1input("3");
     doc.setText2input("7");
     EXPECT_FALSE(doc.AcceptRow());
     EXPECT_EQ(LastMessage(), std::string("Dose value is verrry high or verry low.") + kExtremeTail);
-    EXPECT_EQ(doc.main().ImportRowRefused, 1);
+    EXPECT_EQ(doc.table().ImportRowRefused(), 1);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
     doc.setTextDose("1e-51");
     EXPECT_FALSE(doc.AcceptRow());
@@ -253,7 +253,7 @@ TEST_F(DataEntryTest, AcceptRowHasTheImportLimitsAndTexts) {
 }
 
 TEST_F(DataEntryTest, AcceptRowWritesButDoesNotRebuild) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     for (const char* dose : {"1", "2", "3"}) {
         doc.setTextDose(dose);
         doc.setText1input("3");
@@ -262,14 +262,14 @@ TEST_F(DataEntryTest, AcceptRowWritesButDoesNotRebuild) {
     }
     EXPECT_EQ(doc.Grid1().rows(), 5);
     EXPECT_EQ(doc.Grid2().rows(), 2);
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
     doc.RebuildResponseTable();
     EXPECT_EQ(doc.Grid2().rows(), 5);
 }
 
 TEST_F(DataEntryTest, AcceptRowPercentTextHasTheCapitalLetter) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     doc.setTextDose("5");
     doc.setText1input("101");
     EXPECT_FALSE(doc.AcceptRow());
@@ -278,7 +278,7 @@ TEST_F(DataEntryTest, AcceptRowPercentTextHasTheCapitalLetter) {
 }
 
 TEST_F(DataEntryTest, AcceptRowHasNoMissingDataMessageButFailsOnAnEmptyCell) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     doc.setTextDose("5");
     doc.setText1input("10");
     doc.setText2input("");
@@ -288,7 +288,7 @@ TEST_F(DataEntryTest, AcceptRowHasNoMissingDataMessageButFailsOnAnEmptyCell) {
 }
 
 TEST_F(DataEntryTest, AcceptRowChecksResponded) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     doc.setTextDose("5");
     doc.setText1input("10");
     doc.setText2input("11");
@@ -301,23 +301,23 @@ TEST_F(DataEntryTest, AcceptRowChecksResponded) {
 }
 
 TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("10", "4", "6", true);
     Type("20", "5", "5");
-    doc.setGrid1Current(1, 3);
+    doc.setGrid1Current(1, dosecol::SecondValue);
     doc.CommandEdit();
-    EXPECT_EQ(doc.main().TextDose, "10");
-    EXPECT_EQ(doc.main().Text1input, "4");
-    EXPECT_EQ(doc.main().Text2input, "6");
-    EXPECT_EQ(doc.main().CheckCo, 1);
+    EXPECT_EQ(doc.table().TextDose(), "10");
+    EXPECT_EQ(doc.table().Text1input(), "4");
+    EXPECT_EQ(doc.table().Text2input(), "6");
+    EXPECT_EQ(doc.table().CheckCo(), 1);
     EXPECT_EQ(doc.main().focus, Focus::Text1input);
-    EXPECT_EQ(doc.main().RowsWereRemoved, 1);
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 1);
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.Grid1().text(1, 1), "20");
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "20");
 
     // Accepting it again sets every row's height.
     doc.CommandAccept();
-    EXPECT_EQ(doc.main().RowsWereRemoved, 0);
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
     EXPECT_EQ(doc.Grid1().rows(), 4);
     for (int r = 1; r < doc.Grid1().rows(); ++r)
         EXPECT_EQ(doc.Grid1().rowHeight(r), 240);
@@ -325,30 +325,30 @@ TEST_F(DataEntryTest, EditMovesTheRowBackToTheCells) {
 }
 
 TEST_F(DataEntryTest, EditOfAPercentRowGivesTheValueBack) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("10", "33.3");
-    doc.setGrid1Current(1, 2);
+    doc.setGrid1Current(1, dosecol::FirstValue);
     doc.CommandEdit();
-    EXPECT_EQ(doc.main().TextDose, "10");
-    EXPECT_EQ(doc.main().Text1input, "33.3");
+    EXPECT_EQ(doc.table().TextDose(), "10");
+    EXPECT_EQ(doc.table().Text1input(), "33.3");
 }
 
 TEST_F(DataEntryTest, EditOnTheEmptyLastRowDoesNothing) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
-    doc.setGrid1Current(2, 2);
+    doc.setGrid1Current(2, dosecol::FirstValue);
     doc.setTextDose("");
     doc.CommandEdit();
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.main().TextDose, "");
-    EXPECT_EQ(doc.main().RowsWereRemoved, 0);
+    EXPECT_EQ(doc.table().TextDose(), "");
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
 }
 
 TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
     Type("20", "5", "5");
-    doc.setGrid1Current(2, 1);
+    doc.setGrid1Current(2, dosecol::Dose);
     port.answers.push_back(Answer::Cancel);
     doc.CommandDel();
     ASSERT_EQ(port.messages.size(), 1u);
@@ -359,19 +359,19 @@ TEST_F(DataEntryTest, DeleteAsksWithTheResponseText) {
     EXPECT_EQ(q.defaultAnswer, Answer::Cancel);
     EXPECT_EQ(doc.Grid1().rows(), 4);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
-    EXPECT_EQ(doc.Grid1().currentCol(), 1);  // the column is given back
+    EXPECT_EQ(doc.Grid1().currentCol(), dosecol::Dose);  // the column is given back
 
     port.answers.push_back(Answer::Ok);
     doc.CommandDel();
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.Grid1().text(1, 1), "10");
-    EXPECT_EQ(doc.main().RowsWereRemoved, 1);
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "10");
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 1);
 }
 
 TEST_F(DataEntryTest, DeleteOnTheEmptyLastRowOnlyMovesTheFocus) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
-    doc.setGrid1Current(2, 2);
+    doc.setGrid1Current(2, dosecol::FirstValue);
     doc.CommandDel();
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(doc.Grid1().rows(), 3);

@@ -15,8 +15,8 @@ struct State {
 };
 
 State StateOf(const LineDocument& doc) {
-    return State{doc.main().FilePath, doc.main().FileTitle, doc.main().Modified,
-                 doc.main().CommandSaveEnabled};
+    return State{doc.file().FilePath(), doc.file().FileTitle(), doc.file().Modified(),
+                 doc.file().CommandSaveEnabled()};
 }
 
 void ExpectState(const LineDocument& doc, const State& want) {
@@ -28,7 +28,7 @@ void ExpectState(const LineDocument& doc, const State& want) {
 }
 
 TEST_F(DocumentStateTest, NoDocumentAtTheStart) {
-    EXPECT_EQ(doc.main().Caption, "Morvane");
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 3);
     EXPECT_EQ(doc.Grid1().columnWidth(0), 300);
@@ -41,14 +41,14 @@ TEST_F(DocumentStateTest, NoDocumentAtTheStart) {
 }
 
 TEST_F(DocumentStateTest, NewNotSavedThenChangedByTheFirstRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     ExpectState(doc, {"", "New file", 0, false});
     Type("5", "1", "9");
     ExpectState(doc, {"", "New file", 1, true});
 }
 
 TEST_F(DocumentStateTest, SavedOrOpened) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("5", "1", "9");
     doc.setTextDose("");
     const std::string path = folder.file("state.mrv");
@@ -62,7 +62,7 @@ TEST_F(DocumentStateTest, SavedOrOpened) {
 
 TEST_F(DocumentStateTest, ChangedAfterOpening) {
     ASSERT_TRUE(doc.OpenLineFile(FixturePath("worked-type1.mrv")));
-    doc.setGrid1Current(1, 2);
+    doc.setGrid1Current(1, kTotalColumns.total);
     port.answers.push_back(Answer::Ok);
     doc.CommandDel();
     ExpectState(doc, {FixturePath("worked-type1.mrv"), "worked-type1.mrv", 1, true});
@@ -71,7 +71,7 @@ TEST_F(DocumentStateTest, ChangedAfterOpening) {
 TEST_F(DocumentStateTest, OlderFileJustOpened) {
     ASSERT_TRUE(doc.OpenLineFile(FixturePath("older-type1.mrv")));
     ExpectState(doc, {FixturePath("older-type1.mrv"), "older-type1.mrv", 0, true});
-    EXPECT_EQ(doc.main().OlderVersionFile, 1);
+    EXPECT_EQ(doc.file().OlderVersionFile(), 1);
 }
 
 TEST_F(DocumentStateTest, ResetLineEmptiesTheDocument) {
@@ -83,33 +83,35 @@ TEST_F(DocumentStateTest, ResetLineEmptiesTheDocument) {
     doc.setImportRowRefused(1);
     doc.ResetLine();
     const MainForm& m = doc.main();
-    EXPECT_EQ(m.Caption, "Morvane");
-    EXPECT_EQ(m.FileTitle, "");
-    EXPECT_EQ(m.FilePath, "");
-    EXPECT_EQ(m.TextDose, "");
-    EXPECT_EQ(m.Text1input, "");
-    EXPECT_EQ(m.Text2input, "");
+    const LineFile& file = doc.file();
+    const DataTable& table = doc.table();
+    EXPECT_EQ(file.Caption(), "Morvane");
+    EXPECT_EQ(file.FileTitle(), "");
+    EXPECT_EQ(file.FilePath(), "");
+    EXPECT_EQ(table.TextDose(), "");
+    EXPECT_EQ(table.Text1input(), "");
+    EXPECT_EQ(table.Text2input(), "");
     EXPECT_EQ(m.TextName, "");
     EXPECT_EQ(m.ImportFile, "");
-    EXPECT_EQ(m.ImportRowRefused, 0);
-    EXPECT_EQ(m.OlderVersionFile, 0);
+    EXPECT_EQ(table.ImportRowRefused(), 0);
+    EXPECT_EQ(file.OlderVersionFile(), 0);
     EXPECT_EQ(shared.DoseWord, "");
     EXPECT_EQ(shared.UnitWord, "");
     EXPECT_EQ(shared.EstimateWord, "");
     EXPECT_EQ(doc.notes(), NotesSheet{});
     EXPECT_EQ(doc.Grid1().dump(), "\t\t\n\t\t");
-    EXPECT_EQ(doc.Grid1().back(1, 2), std::nullopt);
+    EXPECT_EQ(doc.Grid1().back(1, dosecol::FirstValue), std::nullopt);
     EXPECT_EQ(doc.Grid2().dump(), "\t\t\t\n\t\t\t");
-    EXPECT_EQ(doc.Grid2().back(1, 1), std::nullopt);
-    EXPECT_EQ(m.Modified, 0);
-    EXPECT_FALSE(m.CommandSaveEnabled);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Total), std::nullopt);
+    EXPECT_EQ(file.Modified(), 0);
+    EXPECT_FALSE(file.CommandSaveEnabled());
     EXPECT_FALSE(m.CommandInfFormEnabled);
     EXPECT_FALSE(m.CommandChgangeOptionsEnabled);
     EXPECT_FALSE(doc.CalculateEnabled());
 }
 
 TEST_F(DocumentStateTest, TheObserverHearsOfChangesAndFocus) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     const int before = observer.changes;
     Type("5", "1", "9");
     EXPECT_GT(observer.changes, before);
@@ -120,9 +122,9 @@ TEST_F(DocumentStateTest, TheObserverHearsOfChangesAndFocus) {
 }
 
 TEST_F(DocumentStateTest, CheckCoClickSendsTheFocusBackToTheDose) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     doc.setCheckCo(true);
-    EXPECT_EQ(doc.main().CheckCo, 1);
+    EXPECT_EQ(doc.table().CheckCo(), 1);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
 }
 
@@ -132,7 +134,7 @@ TEST_F(DocumentStateTest, TheInputWindowHiddenTakesTheFocusNowhere) {
     doc.fileOptionsControls().setComboUnit1("mg", shared);
     doc.FileOptionsOK();
     EXPECT_EQ(doc.main().focus, Focus::None);
-    EXPECT_EQ(doc.main().Caption, "Morvane, New file");
+    EXPECT_EQ(doc.file().Caption(), "Morvane, New file");
 }
 
 }  // namespace

@@ -92,31 +92,31 @@ class DocumentTest : public ::testing::Test {
 
     // A new line as the user makes one: New, then the options dialog filled in and OK.
     // The unit picks the factor type as the dialog's rules do.
-    void StartLine(int dataType, const std::string& unit1 = "mg", const std::string& unit2 = "",
-                   int factor = 0) {
-        if (doc.main().Modified == 1)
+    void StartLine(DataType dataType, const std::string& unit1 = "mg",
+                   const std::string& unit2 = "", FactorOption factor = FactorOption::None) {
+        if (doc.file().Modified() == 1)
             port.answers.push_back(Answer::No);  // don't save
         doc.CommandNew();
         ASSERT_TRUE(doc.fileOptions().Visible);
         FileOptions& o = doc.fileOptionsControls();
-        o.setDataType(static_cast<std::int16_t>(dataType));
+        o.setDataType(dataType);
         o.setComboUnit1(unit1, shared);
         o.setComboUnit2(unit2, shared);
-        if (factor != 0)
+        if (factor != FactorOption::None)
             o.selectOption(factor, shared);
         doc.FileOptionsOK();
         ASSERT_FALSE(doc.fileOptions().Visible);
     }
 
     // A line on the "Customize units" tab.
-    void StartCustomLine(int dataType, bool controlEach, const std::string& factor = "Dose",
+    void StartCustomLine(DataType dataType, bool controlEach, const std::string& factor = "Dose",
                          const std::string& abbreviation = "LD", const std::string& units = "mg") {
-        if (doc.main().Modified == 1)
+        if (doc.file().Modified() == 1)
             port.answers.push_back(Answer::No);  // don't save
         doc.CommandNew();
         FileOptions& o = doc.fileOptionsControls();
-        o.setDataType(static_cast<std::int16_t>(dataType));
-        o.controls.Tab1 = 1;
+        o.setDataType(dataType);
+        o.controls.setUnitsTab(UnitsTab::CustomizeUnits);
         o.controls.Combo5 = factor;
         o.controls.Combo6 = abbreviation;
         o.controls.Text5 = units;
@@ -134,11 +134,11 @@ class DocumentTest : public ::testing::Test {
         doc.leaveTextDose();
         doc.setText1input(first);
         doc.leaveText1input();
-        if (doc.main().Text2inputVisible) {
+        if (doc.table().layout().Text2inputVisible) {
             doc.setText2input(second);
             doc.leaveText2input();
         }
-        if (doc.main().CheckCoVisible)
+        if (doc.table().layout().CheckCoVisible)
             doc.setCheckCo(control);
         doc.CommandAccept();
     }

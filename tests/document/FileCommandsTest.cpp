@@ -15,7 +15,7 @@ class FileCommandsTest : public DocumentTest {
   protected:
     // A new line with two rows typed: unsaved changes.
     void TypeTwoRows() {
-        StartLine(1, "mg");
+        StartLine(DataType::TotalAndResponded, "mg");
         Type("1", "20", "5");
         Type("2", "20", "10");
         doc.setTextDose("");
@@ -27,18 +27,18 @@ class FileCommandsTest : public DocumentTest {
 };
 
 TEST_F(FileCommandsTest, NewDocumentState) {
-    StartLine(0);
-    EXPECT_EQ(doc.main().FilePath, "");
-    EXPECT_EQ(doc.main().FileTitle, "New file");
-    EXPECT_EQ(doc.main().Caption, "Morvane, New file");
-    EXPECT_EQ(doc.main().Modified, 0);
-    EXPECT_FALSE(doc.main().CommandSaveEnabled);
+    StartLine(DataType::RespondedAndNonResponded);
+    EXPECT_EQ(doc.file().FilePath(), "");
+    EXPECT_EQ(doc.file().FileTitle(), "New file");
+    EXPECT_EQ(doc.file().Caption(), "Morvane, New file");
+    EXPECT_EQ(doc.file().Modified(), 0);
+    EXPECT_FALSE(doc.file().CommandSaveEnabled());
     EXPECT_TRUE(doc.main().CommandInfFormEnabled);
     EXPECT_TRUE(doc.main().CommandChgangeOptionsEnabled);
     EXPECT_TRUE(doc.main().TextNameEnabled);
     Type("1", "2", "8");
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(FileCommandsTest, SaveAsksForANameAndGivesTheSavedState) {
@@ -52,22 +52,22 @@ TEST_F(FileCommandsTest, SaveAsksForANameAndGivesTheSavedState) {
     EXPECT_EQ(port.saveDialogs[0].filter, "Morvane files (*.mrv)|*.mrv");
     EXPECT_EQ(port.saveDialogs[0].fileName, "My line");
     EXPECT_TRUE(port.messages.empty());
-    EXPECT_EQ(doc.main().FilePath, path);
-    EXPECT_EQ(doc.main().FileTitle, "line.mrv");
-    EXPECT_EQ(doc.main().Caption, "Morvane, line.mrv");
-    EXPECT_EQ(doc.main().Modified, 0);
-    EXPECT_FALSE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().FilePath(), path);
+    EXPECT_EQ(doc.file().FileTitle(), "line.mrv");
+    EXPECT_EQ(doc.file().Caption(), "Morvane, line.mrv");
+    EXPECT_EQ(doc.file().Modified(), 0);
+    EXPECT_FALSE(doc.file().CommandSaveEnabled());
 
     // Changed after saving: the file is written over without a dialog or a question.
     Type("3", "20", "15");
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
-    EXPECT_EQ(doc.main().FileTitle, "line.mrv");
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
+    EXPECT_EQ(doc.file().FileTitle(), "line.mrv");
     doc.setTextDose("");
     doc.CommandSave();
     EXPECT_EQ(port.saveDialogs.size(), 1u);
     EXPECT_TRUE(port.messages.empty());
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
     LineDocument other(shared, port, folder.path);
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_EQ(other.Grid1().rows(), 5);
@@ -85,7 +85,7 @@ TEST_F(FileCommandsTest, TheSuggestedNameLosesTheCharactersAFileNameCantHold) {
     port.saveAnswers.push_back(std::nullopt);
     doc.CommandSave();
     EXPECT_EQ(port.saveDialogs.back().fileName, "a*b");
-    EXPECT_EQ(doc.main().TextFileName, "a*b");
+    EXPECT_EQ(doc.file().TextFileName(), "a*b");
 }
 
 TEST_F(FileCommandsTest, ATreatmentNameOfARefusedCharacterLeavesNoSuggestedName) {
@@ -99,7 +99,7 @@ TEST_F(FileCommandsTest, ATreatmentNameOfARefusedCharacterLeavesNoSuggestedName)
 TEST_F(FileCommandsTest, DataLeftInTheInputCellsIsAskedAbout) {
     TypeTwoRows();
     doc.setText2input("4");
-    doc.setPendingCommand(2);
+    doc.setPendingCommand(MainCommand::Open);
     port.answers.push_back(Answer::Cancel);
     doc.CommandSave();
     ASSERT_EQ(port.messages.size(), 1u);
@@ -109,15 +109,15 @@ TEST_F(FileCommandsTest, DataLeftInTheInputCellsIsAskedAbout) {
     EXPECT_EQ(port.messages[0].buttons, Buttons::OkCancel);
     EXPECT_EQ(port.messages[0].defaultAnswer, Answer::Cancel);
     EXPECT_TRUE(port.saveDialogs.empty());
-    EXPECT_EQ(doc.main().PendingCommand, 0);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
-    EXPECT_EQ(doc.main().Modified, 1);
+    EXPECT_EQ(doc.file().Modified(), 1);
 
     port.answers.push_back(Answer::Ok);
     port.saveAnswers.push_back(folder.file("kept.mrv"));
     doc.CommandSave();
-    EXPECT_EQ(doc.main().Modified, 0);
-    EXPECT_EQ(doc.main().Text2input, "4");
+    EXPECT_EQ(doc.file().Modified(), 0);
+    EXPECT_EQ(doc.table().Text2input(), "4");
 }
 
 TEST_F(FileCommandsTest, TheDoseCellAloneIsNotLookedAt) {
@@ -126,7 +126,7 @@ TEST_F(FileCommandsTest, TheDoseCellAloneIsNotLookedAt) {
     port.saveAnswers.push_back(folder.file("dose.mrv"));
     doc.CommandSave();
     EXPECT_TRUE(port.messages.empty());
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
 }
 
 TEST_F(FileCommandsTest, NoToReplaceShowsTheDialogAgainAndCancelDropsThePendingCommand) {
@@ -150,10 +150,10 @@ TEST_F(FileCommandsTest, NoToReplaceShowsTheDialogAgainAndCancelDropsThePendingC
     EXPECT_EQ(port.saveDialogs[1].title, "Save Morvane file");
     EXPECT_EQ(port.saveDialogs[1].filter, "Morvane files (*.mrv)|*.mrv");
     EXPECT_EQ(ReadBytes(existing), "old content");
-    EXPECT_EQ(doc.main().PendingCommand, 0);
-    EXPECT_EQ(doc.main().FilePath, "");
-    EXPECT_EQ(doc.main().FileTitle, "New file");
-    EXPECT_EQ(doc.main().Modified, 1);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
+    EXPECT_EQ(doc.file().FilePath(), "");
+    EXPECT_EQ(doc.file().FileTitle(), "New file");
+    EXPECT_EQ(doc.file().Modified(), 1);
     EXPECT_FALSE(doc.fileOptions().Visible);  // New did not go on
     EXPECT_EQ(observer.shown, 1);             // only the first New of TypeTwoRows
 }
@@ -166,7 +166,7 @@ TEST_F(FileCommandsTest, YesToReplaceWritesOverTheFile) {
     port.answers.push_back(Answer::Yes);
     doc.CommandSave();
     EXPECT_EQ(ReadBytes(existing).substr(0, 2), "2,");
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
 }
 
 TEST_F(FileCommandsTest, ANameOutsideTheLineFilePatternIsNotAskedAbout) {
@@ -208,17 +208,17 @@ TEST_F(FileCommandsTest, AFailedSaveLeavesTheOldFileAndTheState) {
     const std::string saved = ReadBytes(path);
     Type("3", "20", "15");
     doc.setTextDose("");
-    doc.setPendingCommand(2);
+    doc.setPendingCommand(MainCommand::Open);
     {
         FileSizeLimit limit(16);
         doc.CommandSave();
     }
     EXPECT_EQ(LastMessage(), "An error occurred while saving this file.\nFile too large");
     EXPECT_EQ(ReadBytes(path), saved);
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
-    EXPECT_EQ(doc.main().PendingCommand, 0);
-    EXPECT_EQ(doc.main().FilePath, path);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
+    EXPECT_EQ(doc.file().FilePath(), path);
     int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
         (void)entry;
@@ -229,26 +229,26 @@ TEST_F(FileCommandsTest, AFailedSaveLeavesTheOldFileAndTheState) {
 
 TEST_F(FileCommandsTest, AFailedSaveKeepsAPendingRelative) {
     TypeTwoRows();
-    doc.setPendingCommand(3);
+    doc.setPendingCommand(MainCommand::Relative);
     port.saveAnswers.push_back(folder.file("no-such-folder/line.mrv"));
     doc.CommandSave();
     EXPECT_EQ(LastMessage(),
               "An error occurred while saving this file.\nNo such file or directory");
-    EXPECT_EQ(doc.main().PendingCommand, 3);
-    EXPECT_EQ(doc.main().Modified, 1);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::Relative);
+    EXPECT_EQ(doc.file().Modified(), 1);
 }
 
 TEST_F(FileCommandsTest, ACancelledSaveDropsNewAndOpenButKeepsRelative) {
     TypeTwoRows();
-    doc.setPendingCommand(1);
+    doc.setPendingCommand(MainCommand::New);
     port.saveAnswers.push_back(std::nullopt);
     doc.CommandSave();
-    EXPECT_EQ(doc.main().PendingCommand, 0);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
     EXPECT_TRUE(port.messages.empty());
-    doc.setPendingCommand(3);
+    doc.setPendingCommand(MainCommand::Relative);
     port.saveAnswers.push_back(std::nullopt);
     doc.CommandSave();
-    EXPECT_EQ(doc.main().PendingCommand, 3);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::Relative);
 }
 
 TEST_F(FileCommandsTest, TheSaveChangesQuestion) {
@@ -267,7 +267,7 @@ TEST_F(FileCommandsTest, TheSaveChangesQuestion) {
 }
 
 TEST_F(FileCommandsTest, NoQuestionWithoutUnsavedChanges) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     port.openAnswers.push_back(std::nullopt);
     doc.CommandOpen();
     EXPECT_TRUE(port.messages.empty());
@@ -276,7 +276,7 @@ TEST_F(FileCommandsTest, NoQuestionWithoutUnsavedChanges) {
     EXPECT_EQ(port.openDialogs[0].filter, "Morvane files (*.mrv)|*.mrv");
     EXPECT_EQ(port.openDialogs[0].fileName, "");
     // Cancelled: the document stays as it was.
-    EXPECT_EQ(doc.main().Caption, "Morvane, New file");
+    EXPECT_EQ(doc.file().Caption(), "Morvane, New file");
     EXPECT_EQ(doc.Grid1().cols(), 7);
 }
 
@@ -286,7 +286,7 @@ TEST_F(FileCommandsTest, NoToTheQuestionGoesOnWithoutSaving) {
     port.openAnswers.push_back(FixturePath("worked-type1.mrv"));
     doc.CommandOpen();
     EXPECT_TRUE(port.saveDialogs.empty());
-    EXPECT_EQ(doc.main().FileTitle, "worked-type1.mrv");
+    EXPECT_EQ(doc.file().FileTitle(), "worked-type1.mrv");
 }
 
 TEST_F(FileCommandsTest, YesRunsTheCommandOnlyAfterASuccessfulSave) {
@@ -295,8 +295,8 @@ TEST_F(FileCommandsTest, YesRunsTheCommandOnlyAfterASuccessfulSave) {
     port.saveAnswers.push_back(std::nullopt);
     doc.CommandOpen();
     EXPECT_TRUE(port.openDialogs.empty());
-    EXPECT_EQ(doc.main().PendingCommand, 0);
-    EXPECT_EQ(doc.main().Modified, 1);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
+    EXPECT_EQ(doc.file().Modified(), 1);
 
     const std::string path = folder.file("first.mrv");
     port.answers.push_back(Answer::Yes);
@@ -304,9 +304,9 @@ TEST_F(FileCommandsTest, YesRunsTheCommandOnlyAfterASuccessfulSave) {
     port.openAnswers.push_back(FixturePath("worked-type1.mrv"));
     doc.CommandOpen();
     EXPECT_EQ(port.openDialogs.size(), 1u);
-    EXPECT_EQ(doc.main().PendingCommand, 0);
-    EXPECT_EQ(doc.main().FileTitle, "worked-type1.mrv");
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
+    EXPECT_EQ(doc.file().FileTitle(), "worked-type1.mrv");
+    EXPECT_EQ(doc.file().Modified(), 0);
     EXPECT_EQ(ReadBytes(path).substr(0, 2), "2,");
 }
 
@@ -342,11 +342,11 @@ TEST_F(FileCommandsTest, RelativeAsksAndThenLeavesForTheComparison) {
     port.saveAnswers.push_back(folder.file("rel.mrv"));
     doc.CommandRelative();
     EXPECT_EQ(observer.relative, 2);
-    EXPECT_EQ(doc.main().PendingCommand, 0);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
 }
 
 TEST_F(FileCommandsTest, ClosingAsksAndSavesBeforeTheEnd) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_TRUE(doc.QueryClose());  // nothing unsaved: no question
     EXPECT_TRUE(port.messages.empty());
     doc.setText1input("5");  // data in the input cells alone ask nothing
@@ -370,7 +370,7 @@ TEST_F(FileCommandsTest, ClosingAsksAndSavesBeforeTheEnd) {
     port.saveAnswers.push_back(folder.file("closing.mrv"));
     EXPECT_FALSE(doc.QueryClose());
     EXPECT_EQ(observer.ends, 1);
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
 }
 
 TEST_F(FileCommandsTest, CodeSeventeenClosesThroughTheQuestion) {
@@ -400,24 +400,24 @@ TEST_F(FileCommandsTest, AnOlderFileOpenedByAPendingOpenLosesItsMarkAtOnce) {
     port.saveAnswers.push_back(folder.file("saved-first.mrv"));
     port.openAnswers.push_back(FixturePath("older-type1.mrv"));
     doc.CommandOpen();
-    EXPECT_EQ(doc.main().FileTitle, "older-type1.mrv");
-    EXPECT_EQ(doc.main().OlderVersionFile, 0);
+    EXPECT_EQ(doc.file().FileTitle(), "older-type1.mrv");
+    EXPECT_EQ(doc.file().OlderVersionFile(), 0);
 }
 
 TEST_F(FileCommandsTest, ChangedAfterOpeningState) {
     port.openAnswers.push_back(FixturePath("worked-type1.mrv"));
     doc.CommandOpen();
-    EXPECT_EQ(doc.main().FilePath, FixturePath("worked-type1.mrv"));
-    EXPECT_EQ(doc.main().FileTitle, "worked-type1.mrv");
-    EXPECT_EQ(doc.main().Modified, 0);
-    EXPECT_FALSE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().FilePath(), FixturePath("worked-type1.mrv"));
+    EXPECT_EQ(doc.file().FileTitle(), "worked-type1.mrv");
+    EXPECT_EQ(doc.file().Modified(), 0);
+    EXPECT_FALSE(doc.file().CommandSaveEnabled());
     doc.setTextDose("20");
     doc.setText1input("20");
     doc.setText2input("18");
     doc.CommandAccept();
-    EXPECT_EQ(doc.main().FilePath, FixturePath("worked-type1.mrv"));
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().FilePath(), FixturePath("worked-type1.mrv"));
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(FileCommandsTest, AMissingFileGivesTheOpeningMessageAndAnEmptyDocument) {
@@ -427,14 +427,14 @@ TEST_F(FileCommandsTest, AMissingFileGivesTheOpeningMessageAndAnEmptyDocument) {
     doc.CommandOpen();
     EXPECT_EQ(LastMessage(),
               "An error occurred while opening this file.\nNo such file or directory");
-    EXPECT_EQ(doc.main().Caption, "Morvane");
-    EXPECT_EQ(doc.main().FileTitle, "");
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
+    EXPECT_EQ(doc.file().FileTitle(), "");
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 3);
     EXPECT_EQ(doc.Grid2().rows(), 2);
     EXPECT_EQ(doc.Grid2().cols(), 4);
-    EXPECT_EQ(doc.main().Modified, 0);
-    EXPECT_FALSE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 0);
+    EXPECT_FALSE(doc.file().CommandSaveEnabled());
     EXPECT_FALSE(doc.main().CommandInfFormEnabled);
     EXPECT_FALSE(doc.main().CommandChgangeOptionsEnabled);
     EXPECT_FALSE(doc.CalculateEnabled());
@@ -448,14 +448,14 @@ TEST_F(FileCommandsTest, AFolderIsNoLineFile) {
 TEST_F(FileCommandsTest, TextMsgRunsItsCodesAndIgnoresOtherTexts) {
     TypeTwoRows();
     const TextTable grid1 = doc.Grid1();
-    const MainForm before = doc.main();
+    const std::string caption = doc.file().Caption();
     doc.TextMsg("");
     doc.TextMsg("10");
     doc.TextMsg(" 1");
     doc.TextMsg("x");
     EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
-    EXPECT_EQ(doc.main().Caption, before.Caption);
-    EXPECT_EQ(doc.main().Modified, 1);
+    EXPECT_EQ(doc.file().Caption(), caption);
+    EXPECT_EQ(doc.file().Modified(), 1);
     EXPECT_TRUE(port.messages.empty());
 
     shared.WorkValue = 1234.5678;
@@ -469,17 +469,17 @@ TEST_F(FileCommandsTest, TextMsgRunsItsCodesAndIgnoresOtherTexts) {
     EXPECT_EQ(observer.spreadsheets, 1);
     EXPECT_EQ(observer.calculations, 1);
     doc.TextMsg("4");
-    EXPECT_EQ(doc.main().PendingCommand, 1);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::New);
     EXPECT_EQ(observer.imports, 1);
     doc.TextMsg("2");
-    EXPECT_EQ(doc.main().FileTitle, "New file");
+    EXPECT_EQ(doc.file().FileTitle(), "New file");
     doc.TextMsg("1");
-    EXPECT_EQ(doc.main().Caption, "Morvane");
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
     EXPECT_EQ(doc.Grid1().cols(), 3);
 }
 
 TEST_F(FileCommandsTest, CodeEightAcceptsTheInputCellsAndCodeFiveRebuilds) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     doc.setTextDose("4");
     doc.setText1input("25");
     doc.TextMsg("8");

@@ -49,7 +49,7 @@ class FuzzReaderTest : public DocumentTest {
         port.messages.clear();
         port.answers.clear();
         const bool opened = doc.OpenLineFile(path);
-        const MainForm& form = doc.main();
+        const LineFile& file = doc.file();
         if (!opened) {
             ASSERT_FALSE(port.messages.empty());
             EXPECT_EQ(
@@ -60,18 +60,18 @@ class FuzzReaderTest : public DocumentTest {
             for (const char c : port.messages.back().text)
                 EXPECT_TRUE((c >= 0x20 && c < 0x7F) || c == '\n') << port.messages.back().text;
             EXPECT_LE(port.messages.back().text.size(), 240u) << port.messages.back().text;
-            EXPECT_EQ(form.Caption, "Morvane");
-            EXPECT_EQ(form.FilePath, "");
+            EXPECT_EQ(file.Caption(), "Morvane");
+            EXPECT_EQ(file.FilePath(), "");
             EXPECT_EQ(doc.Grid1().rows(), 2);
             EXPECT_EQ(doc.Grid1().cols(), 3);
             EXPECT_EQ(doc.Grid2().rows(), 2);
-            EXPECT_EQ(form.Modified, 0);
+            EXPECT_EQ(file.Modified(), 0);
             EXPECT_FALSE(doc.CalculateEnabled());
             ++failures;
         } else {
-            EXPECT_EQ(form.FilePath, path);
-            EXPECT_EQ(form.Caption, "Morvane, fuzz.mrv");
-            EXPECT_EQ(form.Modified, 0);
+            EXPECT_EQ(file.FilePath(), path);
+            EXPECT_EQ(file.Caption(), "Morvane, fuzz.mrv");
+            EXPECT_EQ(file.Modified(), 0);
             ASSERT_GE(doc.Grid1().rows(), 2);
             for (int c = 0; c < doc.Grid1().cols(); ++c)
                 EXPECT_EQ(doc.Grid1().text(doc.Grid1().rows() - 1, c), "");
@@ -84,7 +84,7 @@ class FuzzReaderTest : public DocumentTest {
             EXPECT_LE(port.messages.size(), told + 1);
             // What was read is saved and read back to the same cells, unless a text holds
             // a double quote, which the format can't carry.
-            if (form.OlderVersionFile == 0 && !HoldsAQuote()) {
+            if (file.OlderVersionFile() == 0 && !HoldsAQuote()) {
                 const TextTable grid1 = doc.Grid1();
                 const std::string again = folder.file("again.mrv");
                 WriteBytes(again, WriteLineFile(doc.fileOptions().controls, grid1, doc.notes()));

@@ -18,7 +18,7 @@ class HugeNumbersTest : public DocumentTest {
 };
 
 TEST_F(HugeNumbersTest, TotalsThatOverflowStopTheAcceptAndKeepTheData) {
-    StartLine(1, "mg");  // "Total and Responded"
+    StartLine(DataType::TotalAndResponded, "mg");  // "Total and Responded"
     Type("5", "1e308", "1");
     const TextTable grid1 = doc.Grid1();
     const TextTable grid2 = doc.Grid2();

@@ -10,7 +10,7 @@ class LineFileTest : public DocumentTest {
     // The two rows of the worked file, typed: a control at dose 0 and a treatment at
     // dose 10, as totals and responded, in micrograms per millilitre.
     void TypeWorkedExample() {
-        StartLine(1, "ug", "ml");
+        StartLine(DataType::TotalAndResponded, "ug", "ml");
         Type("0", "20", "1");
         Type("10", "20", "16");
         doc.setTextName("Treatment A");
@@ -51,12 +51,12 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
     EXPECT_EQ(other.notes().TreatmentName, "Treatment A");
     EXPECT_EQ(other.notes().ExperimentDate, "01 / 02 / 2003");
     EXPECT_EQ(other.main().TextName, "Treatment A");
-    EXPECT_EQ(other.main().FileTitle, "worked-type1.mrv");
-    EXPECT_EQ(other.main().Caption, "Morvane, worked-type1.mrv");
-    EXPECT_EQ(other.main().Modified, 0);
-    EXPECT_FALSE(other.main().CommandSaveEnabled);
+    EXPECT_EQ(other.file().FileTitle(), "worked-type1.mrv");
+    EXPECT_EQ(other.file().Caption(), "Morvane, worked-type1.mrv");
+    EXPECT_EQ(other.file().Modified(), 0);
+    EXPECT_FALSE(other.file().CommandSaveEnabled());
     EXPECT_EQ(Row(other.Grid1(), 1), "C|0|20|1|5.000|0.00000000000C");
-    EXPECT_EQ(other.Grid1().back(1, 2), kControlColor);
+    EXPECT_EQ(other.Grid1().back(1, dosecol::FirstValue), kControlColor);
     EXPECT_EQ(Row(other.Grid2(), 1), "0|20|5.000|0.000");
     EXPECT_EQ(Row(other.Grid2(), 2), "10|20|80.000|78.947");
 }
@@ -65,7 +65,7 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
 // with and without replicates weighting.
 
 struct Layout {
-    int dataType;
+    DataType dataType;
     bool controlEach;
     bool weighting;
 };
@@ -76,7 +76,7 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
     const Layout layout = GetParam();
     StartCustomLine(layout.dataType, layout.controlEach, "Con.", "RC", "ppm");
     SetWeighting(layout.weighting);
-    const bool two = layout.dataType != 2;
+    const bool two = layout.dataType != DataType::ResponsePercentage;
     Type("0.5", "40", two ? "12" : "", false);
     Type("2", "40", two ? "20" : "", false);
     Type("2", "30", two ? "21" : "", false);
@@ -90,14 +90,14 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
         Type("0", "45", two ? "2" : "", false);
     }
     doc.setTextDose("");
-    doc.setTextName("Round trip, layout " + std::to_string(layout.dataType));
+    doc.setTextName("Round trip, layout " + std::to_string(static_cast<int>(layout.dataType)));
     InfForm notes = doc.OpenNotesSheet();
     notes.setText2("Culex pipiens");
     notes.setText3("03 / 04 / 2005");
     notes.setText4("first line\r\nsecond line, with a comma");
     doc.NotesOK(notes);
     const std::string path = SaveAs("round.mrv");
-    ASSERT_EQ(doc.main().Modified, 0);
+    ASSERT_EQ(doc.file().Modified(), 0);
 
     SharedRegisters otherShared;
     ScriptedUserPort otherPort;
@@ -119,17 +119,23 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryLayout, RoundTripTest,
-                         ::testing::Values(Layout{0, false, false}, Layout{0, false, true},
-                                           Layout{0, true, false}, Layout{0, true, true},
-                                           Layout{1, false, false}, Layout{1, false, true},
-                                           Layout{1, true, false}, Layout{1, true, true},
-                                           Layout{2, false, false}, Layout{2, false, true},
-                                           Layout{2, true, false}, Layout{2, true, true}));
+                         ::testing::Values(Layout{DataType::RespondedAndNonResponded, false, false},
+                                           Layout{DataType::RespondedAndNonResponded, false, true},
+                                           Layout{DataType::RespondedAndNonResponded, true, false},
+                                           Layout{DataType::RespondedAndNonResponded, true, true},
+                                           Layout{DataType::TotalAndResponded, false, false},
+                                           Layout{DataType::TotalAndResponded, false, true},
+                                           Layout{DataType::TotalAndResponded, true, false},
+                                           Layout{DataType::TotalAndResponded, true, true},
+                                           Layout{DataType::ResponsePercentage, false, false},
+                                           Layout{DataType::ResponsePercentage, false, true},
+                                           Layout{DataType::ResponsePercentage, true, false},
+                                           Layout{DataType::ResponsePercentage, true, true}));
 
 // ---- The edge cases of the format.
 
 TEST_F(LineFileTest, AnEmptyTableIsStoredAsTwoRowsAndTheNotesOnly) {
-    StartLine(0, "mg");
+    StartLine(DataType::RespondedAndNonResponded, "mg");
     doc.setTextName("Empty");
     const std::string path = SaveAs("empty.mrv");
     EXPECT_EQ(
@@ -144,7 +150,7 @@ TEST_F(LineFileTest, AnEmptyTableIsStoredAsTwoRowsAndTheNotesOnly) {
 }
 
 TEST_F(LineFileTest, ADoubleQuoteInANoteIsWrittenAsItStandsAndSpoilsReading) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "50");
     doc.setTextName("Dose \"A\", second");
     // Saving refuses the quote; the writer itself writes it as it stands.
@@ -158,6 +164,32 @@ TEST_F(LineFileTest, ADoubleQuoteInANoteIsWrittenAsItStandsAndSpoilsReading) {
     // place of the next note.
     EXPECT_EQ(other.notes().TreatmentName, "Dose ");
     EXPECT_EQ(other.notes().TreatedTarget, "second\"");
+}
+
+TEST_F(LineFileTest, RowsOutOfOrderInTheFileAreSortedByTheNextAcceptedRowAlsoAfterADelete) {
+    auto row = [](const std::string& dose, const std::string& responded,
+                  const std::string& percent) {
+        return "\"T\",\"" + dose + "\",\"20\",\"" + responded + "\",\"" + percent + "\",\"" +
+               SortKey(NumberOf(dose), "T") + "\",";
+    };
+    const std::string path = folder.file("unordered.mrv");
+    WriteBytes(path,
+               "2,\"\",\"\",\"\",\"\",\"\"\r\n"
+               "1,0,\"ug\",\"ml\",2,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n"
+               "5,6\r\n" +
+                   row("20", "16", "80.000") + row("10", "10", "50.000") + row("5", "4", "20.000") +
+                   "\"\",\"\",\"\",\"\"\r\n");
+    ASSERT_TRUE(doc.OpenLineFile(path));
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "20");  // as the file has them
+    doc.setGrid1Current(1, dosecol::FirstValue);
+    port.answers.push_back(Answer::Ok);
+    doc.CommandDel();
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "10");
+    Type("30", "20", "10");
+    ASSERT_EQ(doc.Grid1().rows(), 5);
+    EXPECT_EQ(doc.Grid1().text(1, dosecol::Dose), "5");
+    EXPECT_EQ(doc.Grid1().text(2, dosecol::Dose), "10");
+    EXPECT_EQ(doc.Grid1().text(3, dosecol::Dose), "30");
 }
 
 TEST_F(LineFileTest, AFirstFieldOfOneSelectsTheOlderLayoutAndAnyOtherTheCurrent) {
@@ -179,11 +211,11 @@ TEST_F(LineFileTest, AFirstFieldOfOneSelectsTheOlderLayoutAndAnyOtherTheCurrent)
               "saved according to current version format.\nSo it'll not be accessible by the older "
               "version.");
     EXPECT_EQ(port.messages[1].text.rfind("An error occurred while opening this file.\n", 0), 0u);
-    EXPECT_EQ(doc.main().Caption, "Morvane");
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
 }
 
 TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     for (int i = 0; i < 32769; ++i) {
         doc.setTextDose(std::to_string(1 + i % 40));
         doc.setText1input("50");
@@ -205,7 +237,7 @@ TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
 }
 
 TEST_F(LineFileTest, The32767RowsThatFitAreReadBack) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     for (int i = 0; i < 32765; ++i) {
         doc.setTextDose(std::to_string(1 + i % 40));
         doc.setText1input("50");
@@ -222,7 +254,7 @@ TEST_F(LineFileTest, The32767RowsThatFitAreReadBack) {
 // ---- The older layout.
 
 TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
-    StartLine(1, "ug", "ml");
+    StartLine(DataType::TotalAndResponded, "ug", "ml");
     Type("0", "20", "1");
     Type("1", "20", "4");
     Type("1", "20", "6");
@@ -242,20 +274,20 @@ TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
     EXPECT_EQ(other.notes().TreatmentName, "Old treatment");
     EXPECT_EQ(other.notes().MoreInformation, "kept");
     EXPECT_EQ(other.main().TextName, "Old treatment");
-    EXPECT_EQ(other.main().OlderVersionFile, 1);
-    EXPECT_EQ(other.main().FileTitle, "older-type1.mrv");
-    EXPECT_EQ(other.main().FilePath, FixturePath("older-type1.mrv"));
-    EXPECT_EQ(other.main().Caption, "Morvane, older-type1.mrv");
+    EXPECT_EQ(other.file().OlderVersionFile(), 1);
+    EXPECT_EQ(other.file().FileTitle(), "older-type1.mrv");
+    EXPECT_EQ(other.file().FilePath(), FixturePath("older-type1.mrv"));
+    EXPECT_EQ(other.file().Caption(), "Morvane, older-type1.mrv");
     // The state of an older file just opened: nothing unsaved, Save still enabled.
-    EXPECT_EQ(other.main().Modified, 0);
-    EXPECT_TRUE(other.main().CommandSaveEnabled);
+    EXPECT_EQ(other.file().Modified(), 0);
+    EXPECT_TRUE(other.file().CommandSaveEnabled());
     EXPECT_TRUE(other.main().CommandInfFormEnabled);
     EXPECT_TRUE(other.main().CommandChgangeOptionsEnabled);
     EXPECT_TRUE(other.main().TextNameEnabled);
 }
 
 TEST_F(LineFileTest, AnOlderTimeFileTakesTheControlsOfItsSecondTable) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     SetWeighting(true);
     doc.fileOptionsControls().controls.Combo7 = "0.10";
     Type("1", "3", "17");
@@ -269,7 +301,7 @@ TEST_F(LineFileTest, AnOlderTimeFileTakesTheControlsOfItsSecondTable) {
     EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
     EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
     EXPECT_EQ(Row(other.Grid2(), 1), "1|20|15.000|5.000|10.526");
-    EXPECT_EQ(other.main().CheckCo, 0);
+    EXPECT_EQ(other.table().CheckCo(), 0);
     EXPECT_EQ(other.fileOptions().TAlpha(), 0);
     EXPECT_EQ(other.fileOptions().controls.Check2, 1);
 }
@@ -281,9 +313,9 @@ TEST_F(LineFileTest, AnOlderFileWithAnEmptySecondValueEndsInTheOpeningError) {
               "An error occurred while opening this file.\n\"\" is not a number");
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 3);
-    EXPECT_EQ(doc.main().OlderVersionFile, 0);
-    EXPECT_EQ(doc.main().Caption, "Morvane");
-    EXPECT_EQ(doc.main().FilePath, "");
+    EXPECT_EQ(doc.file().OlderVersionFile(), 0);
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
+    EXPECT_EQ(doc.file().FilePath(), "");
 }
 
 TEST_F(LineFileTest, AnOlderFileIsSavedInTheCurrentLayout) {
@@ -293,14 +325,14 @@ TEST_F(LineFileTest, AnOlderFileIsSavedInTheCurrentLayout) {
     const TextTable rows = doc.Grid1();
     doc.CommandSave();  // its path is known: written over without a dialog
     EXPECT_TRUE(port.saveDialogs.empty());
-    EXPECT_EQ(doc.main().OlderVersionFile, 0);
+    EXPECT_EQ(doc.file().OlderVersionFile(), 0);
     EXPECT_EQ(ReadBytes(path).substr(0, 18), "2,\"\",\"\",\"\",\"\",\"\"\r\n");
     LineDocument again(shared, port, folder.path);
     port.messages.clear();
     ASSERT_TRUE(again.OpenLineFile(path));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_TRUE(SameCells(again.Grid1(), rows));
-    EXPECT_EQ(again.main().OlderVersionFile, 0);
+    EXPECT_EQ(again.file().OlderVersionFile(), 0);
 }
 
 // ---- The silent reading of the comparison of lines.
@@ -310,9 +342,9 @@ TEST_F(LineFileTest, BatchReadingLoadsTheLineAndRebuildsWithoutAWord) {
     ASSERT_TRUE(doc.OpenLineForBatch(FixturePath("worked-type1.mrv")));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(Row(doc.Grid2(), 2), "10|20|80.000|78.947");
-    EXPECT_EQ(doc.main().FileTitle, "New file");
-    EXPECT_EQ(doc.main().FilePath, "");
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().FileTitle(), "New file");
+    EXPECT_EQ(doc.file().FilePath(), "");
+    EXPECT_EQ(doc.file().Modified(), 0);
     EXPECT_EQ(doc.notes().TreatmentName, "Treatment A");
     EXPECT_EQ(shared.BatchFailed, 0);
 }
@@ -332,7 +364,7 @@ TEST_F(LineFileTest, BatchReadingOfAnOlderFileTakesOnlyItsFirstTable) {
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(doc.Grid1().rows(), 5);  // three treatments, no controls
     for (int r = 1; r <= 3; ++r)
-        EXPECT_EQ(doc.Grid1().text(r, 0), "T");
+        EXPECT_EQ(doc.Grid1().text(r, dosecol::Label), "T");
     EXPECT_EQ(Row(doc.Grid2(), 1), "1|20|15.000||15.000");
     EXPECT_EQ(shared.BatchFailed, 0);
 }

@@ -74,7 +74,7 @@ TEST_F(NotesSheetTest, FillingTheBoxesIsNoChangeButEditingIs) {
 }
 
 TEST_F(NotesSheetTest, OkStoresTheNotesAndSetsTheTreatmentName) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     InfForm form = doc.OpenNotesSheet();
     EXPECT_FALSE(doc.main().Enabled);
     form.setText1("Deltamethrin");
@@ -84,42 +84,42 @@ TEST_F(NotesSheetTest, OkStoresTheNotesAndSetsTheTreatmentName) {
     EXPECT_EQ(doc.notes().TreatmentName, "Deltamethrin");
     EXPECT_EQ(doc.notes().TreatedTarget, "Aedes");
     EXPECT_EQ(doc.main().TextName, "Deltamethrin");
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(NotesSheetTest, OkMarksTheFileChangedThroughTheNameEvenWithoutAChangedNote) {
     port.openAnswers.push_back(FixturePath("worked-type1.mrv"));
     doc.CommandOpen();
-    ASSERT_EQ(doc.main().Modified, 0);
+    ASSERT_EQ(doc.file().Modified(), 0);
     InfForm form = doc.OpenNotesSheet();
     EXPECT_EQ(form.NotesChanged(), 0);
     doc.NotesOK(form);
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(NotesSheetTest, CancelStoresNothing) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     InfForm form = doc.OpenNotesSheet();
     form.setText3("yesterday");
     doc.NotesCancel();
     EXPECT_TRUE(doc.main().Enabled);
     EXPECT_EQ(doc.notes().ExperimentDate, "");
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
 }
 
 TEST_F(NotesSheetTest, TheSheetShowsANameChangedInTheWindow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     doc.setTextName("Typed in the window");
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
     const InfForm form = doc.OpenNotesSheet();
     EXPECT_EQ(form.Text1(), "Typed in the window");
 }
 
 TEST_F(NotesSheetTest, ADoubleQuoteInANoteSpoilsTheFile) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "40");
     InfForm form = doc.OpenNotesSheet();
     form.setText2("the \"wild\", strain");

@@ -69,22 +69,22 @@ TEST_F(OptionsTest, NoFirstUnitMeansDoseAndNoLabel) {
 
 TEST_F(OptionsTest, ConAndTimePutTheirCaptionInDoseWordAndAreHighlighted) {
     shared.DoseWord = "before";
-    dialog().selectOption(1, shared);
+    dialog().selectOption(FactorOption::Dose, shared);
     EXPECT_EQ(shared.DoseWord, "before");
-    EXPECT_EQ(dialog().HighlightedOption, 1);
-    dialog().selectOption(2, shared);
+    EXPECT_EQ(dialog().HighlightedOption, FactorOption::Dose);
+    dialog().selectOption(FactorOption::Con, shared);
     EXPECT_EQ(shared.DoseWord, "Con.");
-    dialog().selectOption(3, shared);
+    dialog().selectOption(FactorOption::Time, shared);
     EXPECT_EQ(shared.DoseWord, "Time");
-    EXPECT_EQ(dialog().HighlightedOption, 3);
+    EXPECT_EQ(dialog().HighlightedOption, FactorOption::Time);
     dialog().endHighlight();
-    EXPECT_EQ(dialog().HighlightedOption, 0);
+    EXPECT_EQ(dialog().HighlightedOption, FactorOption::None);
 }
 
 TEST_F(OptionsTest, WeightingIsEnabledForCountsOnly) {
-    dialog().setDataType(2);
+    dialog().setDataType(DataType::ResponsePercentage);
     EXPECT_FALSE(dialog().Check2Enabled());
-    dialog().setDataType(1);
+    dialog().setDataType(DataType::TotalAndResponded);
     EXPECT_TRUE(dialog().Check2Enabled());
 }
 
@@ -101,25 +101,25 @@ TEST_F(OptionsTest, LeavingTheCustomBoxesEmptyTakesTheirFirstEntry) {
 }
 
 TEST_F(OptionsTest, TimeOnTheFirstTabShowsTheControlBoxAndDoseAndConHideIt) {
-    StartLine(0, "hour");
-    EXPECT_TRUE(doc.main().CheckCoVisible);
+    StartLine(DataType::RespondedAndNonResponded, "hour");
+    EXPECT_TRUE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(shared.DoseWord, "Time");
     EXPECT_EQ(shared.EstimateWord, "LT");
     EXPECT_EQ(doc.Grid2().cols(), 5);
-    StartLine(0, "mg");
-    EXPECT_FALSE(doc.main().CheckCoVisible);
+    StartLine(DataType::RespondedAndNonResponded, "mg");
+    EXPECT_FALSE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(shared.EstimateWord, "LD");
-    StartLine(0, "ppm");
-    EXPECT_FALSE(doc.main().CheckCoVisible);
+    StartLine(DataType::RespondedAndNonResponded, "ppm");
+    EXPECT_FALSE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(shared.EstimateWord, "LC");
     EXPECT_EQ(doc.Grid2().cols(), 4);
 }
 
 TEST_F(OptionsTest, OnTheSecondTabOnlyTheControlFlagDecides) {
-    StartCustomLine(0, false, "Time", "LT", "hour");
-    EXPECT_FALSE(doc.main().CheckCoVisible);
-    StartCustomLine(0, true, "Dose", "LD", "mg");
-    EXPECT_TRUE(doc.main().CheckCoVisible);
+    StartCustomLine(DataType::RespondedAndNonResponded, false, "Time", "LT", "hour");
+    EXPECT_FALSE(doc.table().layout().CheckCoVisible);
+    StartCustomLine(DataType::RespondedAndNonResponded, true, "Dose", "LD", "mg");
+    EXPECT_TRUE(doc.table().layout().CheckCoVisible);
     EXPECT_EQ(doc.fileOptions().controls.FactorOption, 1);
     EXPECT_EQ(doc.fileOptions().controls.ComboUnit1, "");
 }
@@ -140,44 +140,44 @@ TEST_F(OptionsTest, TheAbbreviationOfTheFirstTabIsAlwaysLdLcOrLt) {
     EXPECT_EQ(doc.fileOptions().controls.Text5, "");
     EXPECT_EQ(doc.fileOptions().controls.Check3, 0);
 
-    StartCustomLine(0, false, "Con.", "RC", "ppm");
+    StartCustomLine(DataType::RespondedAndNonResponded, false, "Con.", "RC", "ppm");
     EXPECT_EQ(shared.EstimateWord, "RC");
     EXPECT_EQ(shared.DoseWord, "Con.");
     EXPECT_EQ(shared.UnitWord, "ppm");
 }
 
 TEST_F(OptionsTest, TheDataTypeSetsUpTheInputCellsAndTheTable) {
-    StartLine(0);
-    EXPECT_TRUE(doc.main().Text2inputVisible);
-    EXPECT_EQ(doc.main().Text1inputTip, "Responded");
-    EXPECT_EQ(doc.main().Text2inputTip, "Non responded");
-    EXPECT_EQ(doc.main().TotalColumn, 4);
-    EXPECT_EQ(doc.main().PercentColumn, 5);
-    EXPECT_EQ(doc.main().CommandAcceptLeft, 3350);
-    EXPECT_EQ(doc.main().CommandDelLeft, 5325);
-    StartLine(1);
-    EXPECT_EQ(doc.main().Text1inputTip, "Total number");
-    EXPECT_EQ(doc.main().Text2inputTip, "Responded");
+    StartLine(DataType::RespondedAndNonResponded);
+    EXPECT_TRUE(doc.table().layout().Text2inputVisible);
+    EXPECT_EQ(doc.table().layout().Text1inputTip, "Responded");
+    EXPECT_EQ(doc.table().layout().Text2inputTip, "Non responded");
+    EXPECT_EQ(doc.table().layout().TotalColumn, 4);
+    EXPECT_EQ(doc.table().layout().PercentColumn, 5);
+    EXPECT_EQ(doc.table().layout().CommandAcceptLeft, 3350);
+    EXPECT_EQ(doc.table().layout().CommandDelLeft, 5325);
+    StartLine(DataType::TotalAndResponded);
+    EXPECT_EQ(doc.table().layout().Text1inputTip, "Total number");
+    EXPECT_EQ(doc.table().layout().Text2inputTip, "Responded");
     EXPECT_EQ(Row(doc.Grid1(), 0), "|Dose\n(mg)|Total|Responded|Response\n%|");
-    EXPECT_EQ(doc.main().TotalColumn, 2);
-    EXPECT_EQ(doc.main().PercentColumn, 4);
-    StartLine(2);
-    EXPECT_FALSE(doc.main().Text2inputVisible);
-    EXPECT_EQ(doc.main().Text1inputTip, "Response %");
+    EXPECT_EQ(doc.table().layout().TotalColumn, 2);
+    EXPECT_EQ(doc.table().layout().PercentColumn, 4);
+    StartLine(DataType::ResponsePercentage);
+    EXPECT_FALSE(doc.table().layout().Text2inputVisible);
+    EXPECT_EQ(doc.table().layout().Text1inputTip, "Response %");
     EXPECT_EQ(Row(doc.Grid1(), 0), "|Dose\n(mg)|Response\n%|");
-    EXPECT_EQ(doc.main().TotalColumn, 2);  // left as it was
-    EXPECT_EQ(doc.main().PercentColumn, 2);
-    EXPECT_EQ(doc.main().CommandAcceptLeft, 2350);
-    EXPECT_EQ(doc.main().CommandEditLeft, 3350);
-    EXPECT_EQ(doc.main().CommandDelLeft, 4325);
+    EXPECT_EQ(doc.table().layout().TotalColumn, 2);  // left as it was
+    EXPECT_EQ(doc.table().layout().PercentColumn, 2);
+    EXPECT_EQ(doc.table().layout().CommandAcceptLeft, 2350);
+    EXPECT_EQ(doc.table().layout().CommandEditLeft, 3350);
+    EXPECT_EQ(doc.table().layout().CommandDelLeft, 4325);
     EXPECT_EQ(doc.Grid1().currentRow(), 1);
-    EXPECT_EQ(doc.Grid1().currentCol(), 2);
+    EXPECT_EQ(doc.Grid1().currentCol(), dosecol::FirstValue);
     EXPECT_EQ(doc.main().focus, Focus::TextDose);
     EXPECT_TRUE(doc.main().Enabled);
 }
 
 TEST_F(OptionsTest, MissUnitsAsksAndNoStaysInTheDialogWithTheDocumentReset) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("1", "2", "8");
     port.answers.push_back(Answer::No);  // don't save
     doc.CommandNew();
@@ -191,7 +191,7 @@ TEST_F(OptionsTest, MissUnitsAsksAndNoStaysInTheDialogWithTheDocumentReset) {
     EXPECT_TRUE(doc.fileOptions().Visible);
     EXPECT_EQ(doc.main().focus, Focus::ComboUnit1);
     // The document was reset before the question.
-    EXPECT_EQ(doc.main().Caption, "Morvane");
+    EXPECT_EQ(doc.file().Caption(), "Morvane");
     EXPECT_EQ(doc.Grid1().rows(), 2);
     EXPECT_EQ(doc.Grid1().cols(), 3);
 
@@ -221,7 +221,7 @@ TEST_F(OptionsTest, OpeningAFileWithoutUnitsAsksNothing) {
     ASSERT_TRUE(doc.OpenLineFile(path));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(shared.UnitWord, "");
-    EXPECT_EQ(doc.Grid2().text(0, 0), "Con.\n()");
+    EXPECT_EQ(doc.Grid2().text(0, responsecol::Dose), "Con.\n()");
 }
 
 TEST_F(OptionsTest, CancelOfNewKeepsTheDocumentItsOptionsAndItsWords) {
@@ -249,15 +249,15 @@ TEST_F(OptionsTest, CancelOfNewKeepsTheDocumentItsOptionsAndItsWords) {
     EXPECT_EQ(doc.fileOptions().controls, options);
     EXPECT_EQ(shared.DoseWord, "Con.");
     EXPECT_EQ(shared.UnitWord, "ug / ml");
-    EXPECT_EQ(doc.main().FileTitle, "worked-type1.mrv");
+    EXPECT_EQ(doc.file().FileTitle(), "worked-type1.mrv");
     EXPECT_EQ(observer.hidden, 1);
 }
 
 TEST_F(OptionsTest, OkWithAnImportWaitingSendsItOn) {
     doc.setImportAfterNew(1);
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     EXPECT_EQ(doc.main().ImportAfterNew, 0);
-    EXPECT_EQ(doc.main().PendingCommand, 1);
+    EXPECT_EQ(doc.main().PendingCommand, MainCommand::New);
     EXPECT_EQ(observer.imports, 1);
 }
 
@@ -269,14 +269,14 @@ TEST_F(OptionsTest, TheDialogsChannel) {
     doc.fileOptionsControls().setComboUnit1("mg", shared);
     doc.FileOptionsText1("1");
     EXPECT_FALSE(doc.fileOptions().Visible);
-    EXPECT_EQ(doc.main().Caption, "Morvane, New file");
+    EXPECT_EQ(doc.file().Caption(), "Morvane, New file");
     doc.FileOptionsText1("4");  // no code: nothing
-    EXPECT_EQ(doc.main().Caption, "Morvane, New file");
+    EXPECT_EQ(doc.file().Caption(), "Morvane, New file");
 }
 
 TEST_F(OptionsTest, DefaultsAreSavedFromTheVisibleDialogWhenAsked) {
     doc.CommandNew();
-    dialog().setDataType(1);
+    dialog().setDataType(DataType::TotalAndResponded);
     dialog().setComboUnit1("ug", shared);
     dialog().setComboUnit2("L", shared);
     dialog().controls.Combo7 = "0.01";
@@ -308,12 +308,12 @@ TEST_F(OptionsTest, DefaultsAreNeverSavedWhileAFileIsOpened) {
 }
 
 TEST_F(OptionsTest, SaveAndLoadDefaultsButtons) {
-    dialog().setDataType(2);
+    dialog().setDataType(DataType::ResponsePercentage);
     dialog().setComboUnit1("%", shared);
     doc.SaveOptionDefaults();
     EXPECT_EQ(ReadBytes(DefaultsPath()),
               "2,0,\"%\",\"\",2,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n");
-    dialog().setDataType(0);
+    dialog().setDataType(DataType::RespondedAndNonResponded);
     dialog().setComboUnit1("mg", shared);
     doc.LoadOptionDefaults();
     EXPECT_EQ(dialog().controls.ComboDataType, 2);
@@ -367,7 +367,7 @@ TEST_F(OptionsTest, DefaultsLiveInTheProgramFolderOrElseInTheUserConfiguration) 
 
     // Saved and loaded in the same place.
     LineDocument installedDoc(shared, port, installed);
-    installedDoc.fileOptionsControls().setDataType(1);
+    installedDoc.fileOptionsControls().setDataType(DataType::TotalAndResponded);
     installedDoc.SaveOptionDefaults();
     EXPECT_TRUE(std::filesystem::exists(config.path + "/morvane/ldDef"));
     LineDocument again(shared, port, installed);
@@ -401,7 +401,7 @@ TEST_F(OptionsTest, AFailedSaveOfTheDefaultsIsTold) {
 }
 
 TEST_F(OptionsTest, ChangeOptionsRewritesTheWordsAndMarksTheFile) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("2", "3", "7");
     doc.setTextDose("");
     const ChangeOptionsValues opened = doc.OpenChangeOptions();
@@ -418,11 +418,11 @@ TEST_F(OptionsTest, ChangeOptionsRewritesTheWordsAndMarksTheFile) {
     EXPECT_EQ(doc.fileOptions().controls.Tab1, 1);
     EXPECT_EQ(doc.fileOptions().controls.Combo5, "Exposure");
     EXPECT_EQ(doc.fileOptions().TAlpha(), 2);
-    EXPECT_EQ(doc.Grid1().text(0, 1), "Exposure\n(h)");
-    EXPECT_EQ(doc.Grid2().text(0, 0), "Exposure\n(h)");
-    EXPECT_EQ(doc.main().Modified, 1);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
-    EXPECT_TRUE(doc.main().CheckCoVisible);  // the table keeps its shape
+    EXPECT_EQ(doc.Grid1().text(0, dosecol::Dose), "Exposure\n(h)");
+    EXPECT_EQ(doc.Grid2().text(0, responsecol::Dose), "Exposure\n(h)");
+    EXPECT_EQ(doc.file().Modified(), 1);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
+    EXPECT_TRUE(doc.table().layout().CheckCoVisible);  // the table keeps its shape
 
     doc.OpenChangeOptions();
     doc.ChangeOptionsCancel();
@@ -431,7 +431,7 @@ TEST_F(OptionsTest, ChangeOptionsRewritesTheWordsAndMarksTheFile) {
 }
 
 TEST_F(OptionsTest, ATimeFileSavedAfterChangeOptionsReopensWithoutTheControlBox) {
-    StartLine(0, "hour");
+    StartLine(DataType::RespondedAndNonResponded, "hour");
     Type("2", "1", "9", true);
     Type("2", "4", "6");
     doc.setTextDose("");
@@ -445,9 +445,9 @@ TEST_F(OptionsTest, ATimeFileSavedAfterChangeOptionsReopensWithoutTheControlBox)
 
     LineDocument other(shared, port, folder.path);
     ASSERT_TRUE(other.OpenLineFile(path));
-    EXPECT_FALSE(other.main().CheckCoVisible);
+    EXPECT_FALSE(other.table().layout().CheckCoVisible);
     EXPECT_EQ(Row(other.Grid1(), 1), "C|2|1|9|10|10.000|1.00695555006C");
-    EXPECT_EQ(other.Grid1().back(1, 2), kControlColor);
+    EXPECT_EQ(other.Grid1().back(1, dosecol::FirstValue), kControlColor);
     EXPECT_EQ(other.Grid2().cols(), 4);
 }
 

@@ -27,7 +27,7 @@ class ResponseTableTest : public DocumentTest {
 };
 
 TEST_F(ResponseTableTest, TwoReplicatesAtOneDoseMakeOneResponseRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("10", "4", "6");
     Type("10", "6", "4");
     EXPECT_EQ(doc.Grid1().rows(), 4);
@@ -37,7 +37,7 @@ TEST_F(ResponseTableTest, TwoReplicatesAtOneDoseMakeOneResponseRow) {
 }
 
 TEST_F(ResponseTableTest, HeadingsOfTheUnpairedLayout) {
-    StartLine(0, "mg");
+    StartLine(DataType::RespondedAndNonResponded, "mg");
     EXPECT_EQ(Row(doc.Grid2(), 0), "Dose\n(mg)|Total|Response\n%|Corrected\nResponse\n%");
     EXPECT_EQ(Row(doc.Grid1(), 0), "|Dose\n(mg)|Responded|Non responded|Total|Response\n%|");
     EXPECT_EQ(doc.Grid2().rowHeight(0), 600);
@@ -49,14 +49,14 @@ TEST_F(ResponseTableTest, HeadingsOfTheUnpairedLayout) {
 }
 
 TEST_F(ResponseTableTest, WithoutWeightingReplicatesCountEqually) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("10", "10", "1");
     Type("10", "90", "81");
     EXPECT_EQ(Row(doc.Grid2(), 2), "10|100|50.000|50.000");
 }
 
 TEST_F(ResponseTableTest, WithWeightingReplicatesCountByTheirTotals) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     SetWeighting(true);
     Type("10", "10", "1");
     Type("10", "90", "81");
@@ -64,7 +64,7 @@ TEST_F(ResponseTableTest, WithWeightingReplicatesCountByTheirTotals) {
 }
 
 TEST_F(ResponseTableTest, PercentagesAreNeverWeightedAndCountAHundredEach) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     SetWeighting(true);
     EXPECT_FALSE(doc.fileOptions().Check2Enabled());
     EXPECT_FALSE(doc.fileOptions().ReplicatesWeighting());
@@ -74,78 +74,78 @@ TEST_F(ResponseTableTest, PercentagesAreNeverWeightedAndCountAHundredEach) {
 }
 
 TEST_F(ResponseTableTest, ZeroDoseIsTheControlAndPoolsIntoRowOne) {
-    StartLine(1);
+    StartLine(DataType::TotalAndResponded);
     Type("0", "20", "2");
     Type("0", "20", "4");
     Type("5", "20", "10");
     const TextTable& g1 = doc.Grid1();
-    EXPECT_EQ(g1.text(1, 0), "C");
-    EXPECT_EQ(g1.text(2, 0), "C");
-    EXPECT_EQ(g1.back(1, 2), kControlColor);
-    EXPECT_EQ(g1.back(2, 5), kControlColor);
+    EXPECT_EQ(g1.text(1, dosecol::Label), "C");
+    EXPECT_EQ(g1.text(2, dosecol::Label), "C");
+    EXPECT_EQ(g1.back(1, kTotalColumns.total), kControlColor);
+    EXPECT_EQ(g1.back(2, kTotalColumns.sortKey()), kControlColor);
     EXPECT_EQ(Row(doc.Grid2(), 1), "0|40|15.000|0.000");
     // (50 - 15) / (100 - 15) x 100
     EXPECT_EQ(Row(doc.Grid2(), 2), "5|20|50.000|41.176");
-    EXPECT_EQ(doc.Grid2().back(1, 1), kControlColor);
-    EXPECT_EQ(doc.Grid2().back(1, 3), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Total), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Corrected), kControlColor);
 }
 
 TEST_F(ResponseTableTest, WithoutControlsRowOneStaysEmptyAndTreatmentsStartAtRowTwo) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "30");
     EXPECT_EQ(Row(doc.Grid2(), 1), "|||");
     EXPECT_EQ(Row(doc.Grid2(), 2), "5|100|30.000|30.000");
 }
 
 TEST_F(ResponseTableTest, OnePointOneAndNinetyNineNineAreShownInTheDefaultColour) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("1", "0.1");
     Type("2", "0.09");
     Type("3", "99.9");
     Type("4", "99.91");
     const TextTable& g = doc.Grid2();
-    EXPECT_EQ(g.text(2, 3), "0.100");
-    EXPECT_EQ(g.fore(2, 3), std::nullopt);
-    EXPECT_EQ(g.text(3, 3), "0.090");
-    EXPECT_EQ(g.fore(3, 3), kRed);
-    EXPECT_EQ(g.fore(4, 3), std::nullopt);
-    EXPECT_EQ(g.text(5, 3), "99.910");
-    EXPECT_EQ(g.fore(5, 3), kRed);
+    EXPECT_EQ(g.text(2, responsecol::Corrected), "0.100");
+    EXPECT_EQ(g.fore(2, responsecol::Corrected), std::nullopt);
+    EXPECT_EQ(g.text(3, responsecol::Corrected), "0.090");
+    EXPECT_EQ(g.fore(3, responsecol::Corrected), kRed);
+    EXPECT_EQ(g.fore(4, responsecol::Corrected), std::nullopt);
+    EXPECT_EQ(g.text(5, responsecol::Corrected), "99.910");
+    EXPECT_EQ(g.fore(5, responsecol::Corrected), kRed);
 }
 
 TEST_F(ResponseTableTest, TheControlRowKeepsTheDefaultLetters) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("0", "0");
     Type("5", "0.05");
     EXPECT_EQ(Row(doc.Grid2(), 1), "0|100|0.000|0.000");
-    EXPECT_EQ(doc.Grid2().fore(1, 3), std::nullopt);
-    EXPECT_EQ(doc.Grid2().fore(2, 3), kRed);
+    EXPECT_EQ(doc.Grid2().fore(1, responsecol::Corrected), std::nullopt);
+    EXPECT_EQ(doc.Grid2().fore(2, responsecol::Corrected), kRed);
 }
 
 TEST_F(ResponseTableTest, TreatmentsAreBandedByDose) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("0", "1", "9");
     Type("1", "2", "8");
     Type("1", "3", "7");
     Type("2", "4", "6");
     Type("3", "5", "5");
     const TextTable& g1 = doc.Grid1();
-    EXPECT_EQ(g1.back(1, 2), kControlColor);
-    EXPECT_EQ(g1.back(2, 2), std::nullopt);
-    EXPECT_EQ(g1.back(3, 6), std::nullopt);
-    EXPECT_EQ(g1.back(4, 2), kBandColor);
-    EXPECT_EQ(g1.back(4, 6), kBandColor);
-    EXPECT_EQ(g1.back(4, 1), std::nullopt);
-    EXPECT_EQ(g1.back(5, 2), std::nullopt);
+    EXPECT_EQ(g1.back(1, dosecol::FirstValue), kControlColor);
+    EXPECT_EQ(g1.back(2, dosecol::FirstValue), std::nullopt);
+    EXPECT_EQ(g1.back(3, kCountsColumns.sortKey()), std::nullopt);
+    EXPECT_EQ(g1.back(4, dosecol::FirstValue), kBandColor);
+    EXPECT_EQ(g1.back(4, kCountsColumns.sortKey()), kBandColor);
+    EXPECT_EQ(g1.back(4, dosecol::Dose), std::nullopt);
+    EXPECT_EQ(g1.back(5, dosecol::FirstValue), std::nullopt);
     const TextTable& g2 = doc.Grid2();
-    EXPECT_EQ(g2.back(2, 1), std::nullopt);
-    EXPECT_EQ(g2.back(3, 1), kBandColor);
-    EXPECT_EQ(g2.back(3, 3), kBandColor);
-    EXPECT_EQ(g2.back(4, 2), std::nullopt);
+    EXPECT_EQ(g2.back(2, responsecol::Total), std::nullopt);
+    EXPECT_EQ(g2.back(3, responsecol::Total), kBandColor);
+    EXPECT_EQ(g2.back(3, responsecol::Corrected), kBandColor);
+    EXPECT_EQ(g2.back(4, responsecol::Response), std::nullopt);
 }
 
 TEST_F(ResponseTableTest, CalculateNeedsThreeDosesBesideTheControlRow) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("1", "2", "8");
     Type("2", "4", "6");
     EXPECT_FALSE(doc.CalculateEnabled());
@@ -155,7 +155,7 @@ TEST_F(ResponseTableTest, CalculateNeedsThreeDosesBesideTheControlRow) {
 }
 
 TEST_F(ResponseTableTest, DeletingTheLastDataRowEmptiesGrid2AndDisablesCalculate) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("1", "2", "8");
     Type("2", "4", "6");
     Type("3", "5", "5");
@@ -169,7 +169,7 @@ TEST_F(ResponseTableTest, DeletingTheLastDataRowEmptiesGrid2AndDisablesCalculate
     EXPECT_EQ(doc.Grid2().rows(), 2);
     EXPECT_EQ(Row(doc.Grid2(), 1), "|||");
     EXPECT_FALSE(doc.CalculateEnabled());
-    EXPECT_FALSE(doc.main().CommandCalcEnabled);
+    EXPECT_FALSE(doc.table().CalculateEnabled());
 }
 
 TEST_F(ResponseTableTest, UnpairedDosesAreGroupedByTheirText) {
@@ -193,7 +193,7 @@ TEST_F(ResponseTableTest, MatchedDosesAreGroupedByTheirNumber) {
 }
 
 TEST_F(ResponseTableTest, MatchedLayoutCorrectsEachDoseByItsOwnControl) {
-    StartLine(1, "hour");
+    StartLine(DataType::TotalAndResponded, "hour");
     EXPECT_EQ(Row(doc.Grid2(), 0),
               "Time\n(hour)|Total|Treated response\n%|Control response\n%|Corrected\nResponse\n%");
     Type("1", "20", "1", true);  // control 5%
@@ -205,14 +205,14 @@ TEST_F(ResponseTableTest, MatchedLayoutCorrectsEachDoseByItsOwnControl) {
     EXPECT_EQ(Row(g, 1), "1|20|45.000|5.000|42.105");
     EXPECT_EQ(Row(g, 2), "2|20|50.000||50.000");
     EXPECT_EQ(Row(g, 3), "4|||20.000|");
-    EXPECT_EQ(g.back(1, 3), kControlColor);
-    EXPECT_EQ(g.back(2, 3), kControlColor);
-    EXPECT_EQ(g.back(3, 3), kControlColor);
+    EXPECT_EQ(g.back(1, matchedcol::Control), kControlColor);
+    EXPECT_EQ(g.back(2, matchedcol::Control), kControlColor);
+    EXPECT_EQ(g.back(3, matchedcol::Control), kControlColor);
     EXPECT_TRUE(doc.CalculateEnabled());
 }
 
 TEST_F(ResponseTableTest, MatchedWeightsAreWholeNumbersRoundedAtEveryAddition) {
-    StartLine(1, "hour");
+    StartLine(DataType::TotalAndResponded, "hour");
     SetWeighting(true);
     Type("5", "10.5", "5.25");  // 50%
     Type("5", "10.5", "10.5");  // 100%
@@ -221,7 +221,7 @@ TEST_F(ResponseTableTest, MatchedWeightsAreWholeNumbersRoundedAtEveryAddition) {
 }
 
 TEST_F(ResponseTableTest, MatchedWeightsAboveTheSixteenBitsStopTheAcceptWithAMessage) {
-    StartLine(1, "hour");
+    StartLine(DataType::TotalAndResponded, "hour");
     SetWeighting(true);
     Type("5", "30000", "10");
     port.messages.clear();
@@ -230,11 +230,11 @@ TEST_F(ResponseTableTest, MatchedWeightsAboveTheSixteenBitsStopTheAcceptWithAMes
               "Morvane stopped this command:\nthe replicates of the dose 5 weigh more than 32767 "
               "together (an overflow).\nThe data were left as they were.");
     EXPECT_EQ(doc.Grid1().rows(), 3);
-    EXPECT_EQ(doc.main().Text1input, "3000");
+    EXPECT_EQ(doc.table().Text1input(), "3000");
 }
 
 TEST_F(ResponseTableTest, AControlOfAHundredPercentIsRefusedAndTheDocumentStays) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("1", "10");
     Type("2", "20");
     const TextTable grid1 = doc.Grid1();
@@ -246,12 +246,12 @@ TEST_F(ResponseTableTest, AControlOfAHundredPercentIsRefusedAndTheDocumentStays)
               "corrected for it (a division by zero).\nThe data were left as they were.");
     EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
     EXPECT_TRUE(SameCells(doc.Grid2(), grid2));
-    EXPECT_EQ(doc.main().TextDose, "0");
-    EXPECT_EQ(doc.main().Text1input, "100");
+    EXPECT_EQ(doc.table().TextDose(), "0");
+    EXPECT_EQ(doc.table().Text1input(), "100");
 }
 
 TEST_F(ResponseTableTest, AMatchedControlOfAHundredPercentIsRefusedToo) {
-    StartLine(2, "hour");
+    StartLine(DataType::ResponsePercentage, "hour");
     Type("3", "40");
     Type("3", "100", "", true);
     EXPECT_EQ(LastMessage(),
@@ -261,7 +261,7 @@ TEST_F(ResponseTableTest, AMatchedControlOfAHundredPercentIsRefusedToo) {
 }
 
 TEST_F(ResponseTableTest, RebuildThrowsAndLeavesGrid2AsItWas) {
-    StartLine(2);
+    StartLine(DataType::ResponsePercentage);
     Type("5", "30");
     const TextTable before = doc.Grid2();
     doc.setTextDose("0");
@@ -271,19 +271,65 @@ TEST_F(ResponseTableTest, RebuildThrowsAndLeavesGrid2AsItWas) {
     EXPECT_TRUE(SameCells(doc.Grid2(), before));
 }
 
+// A control of 100% taken by the import's AcceptRow, which does not rebuild Grid2:
+// removing the treatment leaves nothing that can be corrected.
+class HundredPercentControlTest : public ResponseTableTest {
+  protected:
+    void SetUp() override {
+        StartLine(DataType::ResponsePercentage);
+        Type("5", "30");
+        doc.setTextDose("0");
+        doc.setText1input("100");
+        ASSERT_TRUE(doc.AcceptRow());
+        doc.setGrid1Current(2, dosecol::FirstValue);  // the treatment; the control sorts first
+        grid1 = doc.Grid1();
+        grid2 = doc.Grid2();
+        port.messages.clear();
+        observer.focus.clear();
+    }
+
+    const char* const kStopped =
+        "Morvane stopped this command:\nthe control response is 100%, so no response can be "
+        "corrected for it (a division by zero).\nThe data were left as they were.";
+    TextTable grid1, grid2;
+};
+
+TEST_F(HundredPercentControlTest, DeleteIsStoppedAndTheDocumentStays) {
+    port.answers.push_back(Answer::Ok);
+    doc.CommandDel();
+    EXPECT_EQ(port.messages.front().text,
+              "Do you want to delete the selected row with the response value 30.000?");
+    EXPECT_EQ(LastMessage(), kStopped);
+    EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
+    EXPECT_TRUE(SameCells(doc.Grid2(), grid2));
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
+    EXPECT_TRUE(observer.focus.empty());
+}
+
+TEST_F(HundredPercentControlTest, EditIsStoppedAndTheInputCellsStayEmpty) {
+    doc.CommandEdit();
+    EXPECT_EQ(LastMessage(), kStopped);
+    EXPECT_TRUE(SameCells(doc.Grid1(), grid1));
+    EXPECT_TRUE(SameCells(doc.Grid2(), grid2));
+    EXPECT_EQ(doc.table().TextDose(), "");
+    EXPECT_EQ(doc.table().Text1input(), "");
+    EXPECT_EQ(doc.table().RowsWereRemoved(), 0);
+    EXPECT_TRUE(observer.focus.empty());
+}
+
 TEST_F(ResponseTableTest, ClearResponseTablePaintsTheControlCells) {
-    StartLine(0);
+    StartLine(DataType::RespondedAndNonResponded);
     Type("5", "3", "7");
     doc.ClearResponseTable();
     EXPECT_EQ(doc.Grid2().rows(), 2);
     EXPECT_EQ(Row(doc.Grid2(), 1), "|||");
-    EXPECT_EQ(doc.Grid2().back(1, 0), std::nullopt);
-    EXPECT_EQ(doc.Grid2().back(1, 1), kControlColor);
-    EXPECT_EQ(doc.Grid2().back(1, 3), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Dose), std::nullopt);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Total), kControlColor);
+    EXPECT_EQ(doc.Grid2().back(1, responsecol::Corrected), kControlColor);
 }
 
 TEST_F(ResponseTableTest, CalculationInputIsTheResponseTable) {
-    StartCustomLine(0, true, "Temp.", "RT", "C");
+    StartCustomLine(DataType::RespondedAndNonResponded, true, "Temp.", "RT", "C");
     Type("5", "3", "7");
     const CalculationInput input = doc.calculationInput();
     EXPECT_EQ(&input.responses, &doc.Grid2());

@@ -26,7 +26,7 @@ class SafeSaveTest : public DocumentTest {
     ~SafeSaveTest() override { std::signal(SIGXFSZ, oldHandler_); }
 
     void TypeTwoRows() {
-        StartLine(1, "mg");
+        StartLine(DataType::TotalAndResponded, "mg");
         Type("1", "20", "5");
         Type("2", "20", "10");
         doc.setTextDose("");
@@ -68,7 +68,7 @@ TEST_F(SafeSaveTest, AReadOnlyFileIsRefusedAndKept) {
               "Save it under another name, or make it writable first.");
     EXPECT_EQ(ReadBytes(path), "old content");
     EXPECT_EQ(ModeOf(path), 0444u);
-    EXPECT_EQ(doc.main().Modified, 1);
+    EXPECT_EQ(doc.file().Modified(), 1);
     EXPECT_EQ(Entries(folder.path), std::vector<std::string>{"locked.mrv"});
 }
 
@@ -89,7 +89,7 @@ TEST_F(SafeSaveTest, ASymbolicLinkIsFollowedAndStaysALink) {
     EXPECT_EQ(ModeOf(target), 0640u);
     EXPECT_EQ(Entries(folder.file("data")), std::vector<std::string>{"real.mrv"});
     EXPECT_EQ(Entries(folder.file("links")), std::vector<std::string>{"line.mrv"});
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
 }
 
 TEST_F(SafeSaveTest, ALinkToAFileNotYetMadeCreatesItsTarget) {
@@ -177,7 +177,7 @@ TEST_F(SafeSaveTest, ANameOfTheLongestLengthCanBeSaved) {
     const std::string name = std::string(251, 'n') + ".mrv";  // 255 bytes
     TypeTwoRows();
     SaveTo(folder.file(name));
-    EXPECT_EQ(doc.main().Modified, 0);
+    EXPECT_EQ(doc.file().Modified(), 0);
     EXPECT_EQ(ReadBytes(folder.file(name)).substr(0, 2), "2,");
     EXPECT_EQ(Entries(folder.path), std::vector<std::string>{name});
 }
@@ -263,8 +263,8 @@ TEST_F(SafeSaveTest, AnOlderLineOfTooManyRowsIsRefusedAtSaving) {
               "file holds at most 32765. Split the rows into two lines, and save each in a file "
               "of its own.");
     EXPECT_FALSE(std::filesystem::exists(path));
-    EXPECT_EQ(doc.main().Modified, 0);
-    EXPECT_TRUE(doc.main().CommandSaveEnabled);
+    EXPECT_EQ(doc.file().Modified(), 0);
+    EXPECT_TRUE(doc.file().CommandSaveEnabled());
 }
 
 TEST_F(SafeSaveTest, ADoubleQuoteInANoteIsRefusedAtSaving) {
@@ -359,7 +359,7 @@ TEST_F(SafeSaveTest, TheMessageQuotesABadFieldShortlyWithItsPlace) {
 }
 
 TEST_F(SafeSaveTest, AFileThatFailsLateLeavesNoOptionsBehind) {
-    StartLine(1, "mg");
+    StartLine(DataType::TotalAndResponded, "mg");
     const LineOptions before = doc.fileOptions().controls;
     const std::string path = folder.file("late.mrv");
     WriteBytes(path,
@@ -375,7 +375,7 @@ TEST_F(SafeSaveTest, AFileThatFailsLateLeavesNoOptionsBehind) {
 }
 
 TEST_F(SafeSaveTest, AnOlderFileThatFailsLateLeavesNoOptionsBehind) {
-    StartLine(0, "ppm");  // the file holds type 1 in mg
+    StartLine(DataType::RespondedAndNonResponded, "ppm");  // the file holds type 1 in mg
     const LineOptions before = doc.fileOptions().controls;
     EXPECT_FALSE(doc.OpenLineFile(FixturePath("older-missing-value.mrv")));
     EXPECT_EQ(LastMessage(), "An error occurred while opening this file.\n\"\" is not a number");

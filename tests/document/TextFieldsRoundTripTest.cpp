@@ -34,7 +34,7 @@ class TextFieldsRoundTripTest : public DocumentTest {
         doc.setTextDose("");
         port.saveAnswers.push_back(path);
         doc.CommandSave();
-        ASSERT_EQ(doc.main().Modified, 0) << LastMessage();
+        ASSERT_EQ(doc.file().Modified(), 0) << LastMessage();
         ASSERT_TRUE(other.OpenLineFile(path)) << LastMessage();
     }
 
@@ -57,7 +57,7 @@ TEST_F(TextFieldsRoundTripTest, TheRuleRefusesOnlyANewDoubleQuote) {
 
 TEST_F(TextFieldsRoundTripTest, TheUnitsAndTheNotesOfTheAdjustedUnitsTab) {
     const std::string text = Printable();
-    StartLine(1, "u1 " + text, "u2 " + text);
+    StartLine(DataType::TotalAndResponded, "u1 " + text, "u2 " + text);
     Type("1", "20", "5");
     Type("2", "20", "10");
     TypeNotes(text);
@@ -73,7 +73,7 @@ TEST_F(TextFieldsRoundTripTest, TheUnitsAndTheNotesOfTheAdjustedUnitsTab) {
 
 TEST_F(TextFieldsRoundTripTest, TheCustomWordsOfTheCustomizedUnitsTab) {
     const std::string text = Printable();
-    StartCustomLine(1, false, "factor " + text, "abbreviation " + text, "units " + text);
+    StartCustomLine(DataType::TotalAndResponded, false, "factor " + text, "abbreviation " + text, "units " + text);
     Type("1", "20", "5");
     Type("2", "20", "10");
     TypeNotes(text);

@@ -60,10 +60,11 @@ class MainWindowTest : public QObject {
         QVERIFY(!f->program->optionsDialog().isVisible());
         QVERIFY(main->contentEnabled());
         QVERIFY(main->TextDose()->hasFocus());
-        QCOMPARE(main->Grid1()->cellText(0, 1), QString("Dose\n(mg)"));
-        QCOMPARE(main->Grid1()->cellText(0, 2), QString("Responded"));
-        QCOMPARE(main->Grid1()->cellText(0, 5), QString("Response\n%"));
-        QCOMPARE(main->Grid2()->cellText(0, 3), QString("Corrected\nResponse\n%"));
+        QCOMPARE(main->Grid1()->cellText(0, dosecol::Dose), QString("Dose\n(mg)"));
+        QCOMPARE(main->Grid1()->cellText(0, dosecol::FirstValue), QString("Responded"));
+        QCOMPARE(main->Grid1()->cellText(0, kCountsColumns.percent), QString("Response\n%"));
+        QCOMPARE(main->Grid2()->cellText(0, responsecol::Corrected),
+                 QString("Corrected\nResponse\n%"));
         // The sort key column has width 0 and is never seen.
         QVERIFY(main->Grid1()->isColumnHidden(6));
         QVERIFY(!main->Grid1()->isColumnHidden(5));
@@ -127,9 +128,9 @@ class MainWindowTest : public QObject {
         Click(options.Command1());
         QVERIFY(!options.isVisible());
         QVERIFY(main->CheckCo()->isVisible());
-        QCOMPARE(main->Grid1()->cellText(0, 1), QString("Temp.\n(C)"));
+        QCOMPARE(main->Grid1()->cellText(0, dosecol::Dose), QString("Temp.\n(C)"));
         QCOMPARE(Text(f->program->shared().EstimateWord), QString("RT"));
-        QCOMPARE(main->Grid2()->cellText(0, 2), QString("Treated response\n%"));
+        QCOMPARE(main->Grid2()->cellText(0, matchedcol::Treated), QString("Treated response\n%"));
     }
 
     void emptiedFactorBoxTakesItsFirstEntryOnLeaving() {
@@ -159,17 +160,17 @@ class MainWindowTest : public QObject {
         TypeRow(*main, "10", "10", "10");
         TypeRow(*main, "1", "2", "18");
         TypeRow(*main, "1", "4", "16");
-        QCOMPARE(main->Grid1()->cellText(1, 1), QString("1"));
-        QCOMPARE(main->Grid1()->cellText(2, 1), QString("1"));
-        QCOMPARE(main->Grid1()->cellText(3, 1), QString("10"));
-        QCOMPARE(main->Grid1()->cellText(1, 0), QString("T"));
-        QCOMPARE(main->Grid1()->cellText(1, 5), QString("10.000"));
-        QCOMPARE(main->Grid1()->cellText(3, 5), QString("50.000"));
+        QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("1"));
+        QCOMPARE(main->Grid1()->cellText(2, dosecol::Dose), QString("1"));
+        QCOMPARE(main->Grid1()->cellText(3, dosecol::Dose), QString("10"));
+        QCOMPARE(main->Grid1()->cellText(1, dosecol::Label), QString("T"));
+        QCOMPARE(main->Grid1()->cellText(1, kCountsColumns.percent), QString("10.000"));
+        QCOMPARE(main->Grid1()->cellText(3, kCountsColumns.percent), QString("50.000"));
         // Two replicates of dose 1 pool into one row of Grid2.
-        QCOMPARE(main->Grid2()->cellText(2, 0), QString("1"));
-        QCOMPARE(main->Grid2()->cellText(2, 1), QString("40"));
-        QCOMPARE(main->Grid2()->cellText(2, 2), QString("15.000"));
-        QCOMPARE(main->Grid2()->cellText(3, 0), QString("10"));
+        QCOMPARE(main->Grid2()->cellText(2, responsecol::Dose), QString("1"));
+        QCOMPARE(main->Grid2()->cellText(2, responsecol::Total), QString("40"));
+        QCOMPARE(main->Grid2()->cellText(2, responsecol::Response), QString("15.000"));
+        QCOMPARE(main->Grid2()->cellText(3, responsecol::Dose), QString("10"));
         QVERIFY(main->CommandSave()->isEnabled());
         QVERIFY(!main->CommandCalc()->isEnabled());
         // The dose stays for the next replicate; the counts are emptied.
@@ -192,14 +193,14 @@ class MainWindowTest : public QObject {
         TypeRow(*main, "4", "10", "10");
         main->Grid1()->setFocus();
         QTest::mouseClick(main->Grid1()->viewport(), Qt::LeftButton, {},
-                          main->Grid1()->cellRect(1, 2).center());
+                          main->Grid1()->cellRect(1, dosecol::FirstValue).center());
         f->port.answers.push_back(Answer::Ok);
         Click(main->CommandDel());
         QCOMPARE(f->port.lastText(),
                  QString("Do you want to delete the selected row with the response value 25.000?"));
-        QCOMPARE(main->Grid1()->cellText(1, 1), QString("4"));
+        QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("4"));
         // A double click: the first click, then the second as a double click.
-        const QPoint cell = main->Grid1()->cellRect(1, 2).center();
+        const QPoint cell = main->Grid1()->cellRect(1, dosecol::FirstValue).center();
         QTest::mouseClick(main->Grid1()->viewport(), Qt::LeftButton, {}, cell);
         QTest::mouseDClick(main->Grid1()->viewport(), Qt::LeftButton, {}, cell);
         QCOMPARE(main->TextDose()->text(), QString("4"));
@@ -254,7 +255,7 @@ class MainWindowTest : public QObject {
         QVERIFY(main->contentEnabled());
         QCOMPARE(main->geometry(), back);
         QTRY_VERIFY(f->program->resultsWindow() == nullptr);
-        QCOMPARE(main->Grid1()->cellText(5, 1), QString("16"));
+        QCOMPARE(main->Grid1()->cellText(5, dosecol::Dose), QString("16"));
     }
 
     void closingResultsWithNothingUnsavedEndsTheProgram() {
@@ -295,7 +296,7 @@ class MainWindowTest : public QObject {
         QCOMPARE(Text(question.title), QString("save changes"));
         QVERIFY(question.buttons == Buttons::YesNoCancel);
         QVERIFY(!f->program->optionsDialog().isVisible());
-        QCOMPARE(main->Grid1()->cellText(1, 1), QString("2"));
+        QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("2"));
         QVERIFY(main->TextDose()->hasFocus());
     }
 
@@ -310,7 +311,7 @@ class MainWindowTest : public QObject {
         Click(options.Command2());
         QVERIFY(!options.isVisible());
         QVERIFY(main->CommandNew()->isEnabled());
-        QCOMPARE(main->Grid1()->cellText(1, 1), QString("2"));
+        QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("2"));
         QCOMPARE(main->windowTitle(), QString("Morvane, New file"));
     }
 
@@ -325,7 +326,7 @@ class MainWindowTest : public QObject {
         // The pending New ran after the save, without a second question.
         QCOMPARE(f->port.messages.size(), std::size_t{1});
         QVERIFY(f->program->optionsDialog().isVisible());
-        QCOMPARE(f->program->document().main().PendingCommand, std::int16_t{0});
+        QCOMPARE(f->program->document().main().PendingCommand, MainCommand::None);
         Click(f->program->optionsDialog().Command2());
     }
 
@@ -336,7 +337,7 @@ class MainWindowTest : public QObject {
         f->port.saveAnswers.push_back(std::nullopt);
         Click(main->CommandNew());
         QVERIFY(!f->program->optionsDialog().isVisible());
-        QCOMPARE(f->program->document().main().PendingCommand, std::int16_t{0});
+        QCOMPARE(f->program->document().main().PendingCommand, MainCommand::None);
         QVERIFY(main->CommandSave()->isEnabled());
     }
 
@@ -352,7 +353,7 @@ class MainWindowTest : public QObject {
         f->port.openAnswers.push_back(file.toStdString());
         Click(main->CommandOpen());
         QCOMPARE(f->port.openDialogs.size(), std::size_t{1});
-        QCOMPARE(main->Grid1()->cellText(2, 1), QString("4"));
+        QCOMPARE(main->Grid1()->cellText(2, dosecol::Dose), QString("4"));
         QVERIFY(!main->CommandSave()->isEnabled());
     }
 
@@ -397,7 +398,7 @@ class MainWindowTest : public QObject {
         Click(options.Command1());
         QVERIFY(!options.isVisible());
         QCOMPARE(main->windowTitle(), QString("Morvane, New file"));
-        QCOMPARE(main->Grid1()->cellText(0, 1), QString("Dose\n()"));
+        QCOMPARE(main->Grid1()->cellText(0, dosecol::Dose), QString("Dose\n()"));
     }
 
     void unitsChooseTheFactorType() {
@@ -418,7 +419,7 @@ class MainWindowTest : public QObject {
         QVERIFY(options.Option3()->isChecked());
         Click(options.Command1());
         QVERIFY(main->CheckCo()->isVisible());
-        QCOMPARE(main->Grid2()->cellText(0, 3), QString("Control response\n%"));
+        QCOMPARE(main->Grid2()->cellText(0, matchedcol::Control), QString("Control response\n%"));
     }
 
     void dataTypeOfPercentagesHidesTheSecondCell() {
@@ -434,7 +435,7 @@ class MainWindowTest : public QObject {
         PressEnter(main->TextDose());
         QTest::keyClicks(main->Text1input(), "40");
         PressEnter(main->Text1input());
-        QCOMPARE(main->Grid1()->cellText(1, 2), QString("40.000"));
+        QCOMPARE(main->Grid1()->cellText(1, kPercentColumns.percent), QString("40.000"));
     }
 
     void saveAsDefaultAndLoadDefault() {
@@ -472,9 +473,9 @@ class MainWindowTest : public QObject {
         Click(main->CommandOpen());
         QCOMPARE(Text(f->port.openDialogs.back().title), QString("Open Morvane file"));
         QCOMPARE(main->windowTitle(), QString("Morvane, assay.mrv"));
-        QCOMPARE(main->Grid1()->cellText(1, 1), QString("2"));
-        QCOMPARE(main->Grid1()->cellText(2, 1), QString("8"));
-        QCOMPARE(main->Grid1()->cellText(2, 5), QString("75.000"));
+        QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("2"));
+        QCOMPARE(main->Grid1()->cellText(2, dosecol::Dose), QString("8"));
+        QCOMPARE(main->Grid1()->cellText(2, kCountsColumns.percent), QString("75.000"));
         QCOMPARE(main->Grid1()->cellText(0, 1), QString("Dose\n(mg)"));
 
         // A cancelled open leaves the document as it was.

@@ -216,7 +216,7 @@ class ShellPiecesTest : public QObject {
         TypeInto(change->Text5(), "ppm");
         Click(change->OK());
         QVERIFY(!change->isVisible());
-        QCOMPARE(main.Grid1()->cellText(0, 1), QString("Con.\n(ppm)"));
+        QCOMPARE(main.Grid1()->cellText(0, dosecol::Dose), QString("Con.\n(ppm)"));
         QVERIFY(main.CommandSave()->isEnabled());
         QVERIFY(main.contentEnabled());
     }
