@@ -73,7 +73,8 @@ TEST_F(TextFieldsRoundTripTest, TheUnitsAndTheNotesOfTheAdjustedUnitsTab) {
 
 TEST_F(TextFieldsRoundTripTest, TheCustomWordsOfTheCustomizedUnitsTab) {
     const std::string text = Printable();
-    StartCustomLine(DataType::TotalAndResponded, false, "factor " + text, "abbreviation " + text, "units " + text);
+    StartCustomLine(DataType::TotalAndResponded, false, "factor " + text, "abbreviation " + text,
+                    "units " + text);
     Type("1", "20", "5");
     Type("2", "20", "10");
     TypeNotes(text);
