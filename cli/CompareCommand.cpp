@@ -227,6 +227,7 @@ int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream&
             return 0;
         case BatchOutcome::LimitsInvalid:
             return kRefused;
+        case BatchOutcome::Cancelled:
         case BatchOutcome::Failed:
             break;
     }

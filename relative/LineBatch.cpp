@@ -141,6 +141,11 @@ BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator
                                              static_cast<int>(std::nearbyint(share)),
                                              "Opening and calculating " + name});
             }
+            if (hooks.cancelled && hooks.cancelled()) {
+                rtvin.UnloadRtvout();
+                endPanel();
+                return BatchOutcome::Cancelled;
+            }
 
             try {
                 calculator.OpenLineForBatch(rtvin.Grid1.text(i, 2), shared);

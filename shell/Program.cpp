@@ -11,6 +11,7 @@
 #include "shell/OptionsDialog.h"
 #include "shell/ProbitDialog.h"
 #include "shell/ResultsWindow.h"
+#include "shell/RtvinWindow.h"
 
 namespace morvane {
 
@@ -36,6 +37,7 @@ Program::~Program() {
     document_.setObserver(nullptr);
     ended_ = true;
     delete results_.data();
+    delete rtvin_.data();
     delete help_.data();
     delete main_;  // the dialogs are its children
 }
@@ -48,6 +50,9 @@ NotesDialog* Program::notesDialog() const {
 }
 ResultsWindow* Program::resultsWindow() const {
     return results_.data();
+}
+RtvinWindow* Program::rtvinWindow() const {
+    return rtvin_.data();
 }
 
 OptionsDialog& Program::optionsDialog() {
@@ -180,9 +185,9 @@ void Program::endProgram() {
     if (ended_)
         return;
     ended_ = true;
-    for (QWidget* window :
-         std::initializer_list<QWidget*>{probit_.data(), notes_.data(), changeOptions_.data(),
-                                         options_.data(), help_.data(), results_.data(), main_}) {
+    for (QWidget* window : std::initializer_list<QWidget*>{
+             probit_.data(), notes_.data(), changeOptions_.data(), options_.data(), help_.data(),
+             results_.data(), rtvin_.data(), main_}) {
         if (window)
             window->close();
     }
@@ -214,7 +219,24 @@ void Program::optionsDialogHidden() {
 }
 
 void Program::relativeRequested() {
-    laterVersion("The comparison of lines");
+    // The comparison window takes the input window's place and asks for files at once.
+    if (!rtvin_)
+        rtvin_ = new RtvinWindow(*this);
+    TakePlaceOf(*rtvin_, *main_);
+    document_.setMainEnabled(false);
+    document_.setMainVisible(false);
+    main_->hide();
+    rtvin_->show();
+    rtvin_->raise();
+    rtvin_->activateWindow();
+    rtvin_->TextMsg("2");
+}
+
+void Program::leaveComparison(const QWidget& from) {
+    if (ended_)
+        return;
+    run([this] { document_.TextMsg("1"); });
+    returnToInput(from);
 }
 
 void Program::importRequested() {

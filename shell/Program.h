@@ -30,6 +30,7 @@ class NotesDialog;
 class ResultsWindow;
 class HelpWindow;
 class ProbitDialog;
+class RtvinWindow;
 
 // The frame of a window around its inside, in twips: the sizes that the layout
 // rules give for a window count its borders and title bar.
@@ -63,6 +64,7 @@ class Program : public QObject, public DocumentObserver {
     ChangeOptionsDialog* changeOptionsDialog() const;
     NotesDialog* notesDialog() const;
     ResultsWindow* resultsWindow() const;
+    RtvinWindow* rtvinWindow() const;
 
     // Runs a command of a window, then lets every window follow the document and moves
     // the focus where the command asked.
@@ -81,6 +83,9 @@ class Program : public QObject, public DocumentObserver {
 
     // The results window is going: the input window takes its place and comes back.
     void returnToInput(const QWidget& from);
+    // The comparison window goes back: the input window takes its place with a new
+    // empty line.
+    void leaveComparison(const QWidget& from);
 
     // Ends the program: every window closes without a further question.
     void endProgram();
@@ -115,6 +120,7 @@ class Program : public QObject, public DocumentObserver {
     QPointer<ResultsWindow> results_;
     QPointer<HelpWindow> help_;
     QPointer<ProbitDialog> probit_;
+    QPointer<RtvinWindow> rtvin_;
     Focus pendingFocus_ = Focus::None;
     int depth_ = 0;
     bool ended_ = false;
