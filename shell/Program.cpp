@@ -235,6 +235,8 @@ void Program::relativeRequested() {
 void Program::leaveComparison(const QWidget& from) {
     if (ended_)
         return;
+    // The comparison window goes with its table; the next comparison opens a new one.
+    rtvin_ = nullptr;
     run([this] { document_.TextMsg("1"); });
     returnToInput(from);
 }

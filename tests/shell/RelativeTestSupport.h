@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <cmath>
+#include <cstdio>
 #include <string>
 
 namespace morvane::testing {
@@ -14,14 +15,17 @@ namespace morvane::testing {
 // Writes `count` line files "strain01.mrv" ... into the folder and returns their
 // paths in order. Five doses of 50 individuals each; strain i starts at 1.3 to the
 // power i and its doses rise by a factor that varies with i, so that slopes differ.
+// `units` gives the units of each file in turn; files past its end have "mg".
 inline QStringList WriteStrainFiles(const QString& folder, int count,
-                                    const QString& prefix = "strain") {
+                                    const QString& prefix = "strain",
+                                    const QStringList& units = {}) {
     static const int base[] = {5, 14, 26, 38, 46};
     QStringList paths;
     for (int i = 1; i <= count; ++i) {
         const QString path = QString("%1/%2%3.mrv").arg(folder, prefix).arg(i, 2, 10, QChar('0'));
         QString text = "2,\"\",\"\",\"\",\"\",\"\"\r\n";
-        text += "1,0,\"mg\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n";
+        const QString unit = i - 1 < units.size() ? units[i - 1] : QString("mg");
+        text += "1,0,\"" + unit + "\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n";
         text += "7,6\r\n";
         const double first = std::pow(1.3, i);
         const double step = 1.6 + (i % 4) * 0.4;
