@@ -218,7 +218,7 @@ int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream&
     hooks.progress = [&port](const BatchProgress& p) { port.showProgress(p); };
     hooks.showResults = [&] {
         port.clearProgress();
-        out << RelativeTableText(*rtvin.rtvout());
+        WriteRelativeTable(*rtvin.rtvout(), out);
     };
     const BatchOutcome outcome = RunComparison(rtvin, shared, calculator, port, hooks);
     port.clearProgress();

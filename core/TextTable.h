@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace morvane {
@@ -86,13 +87,28 @@ class TextTable {
     // quick looks, not an export format.
     std::string dump() const;
 
-    friend bool operator==(const TextTable&, const TextTable&) = default;
+    // The texts of row `row`, columns 0 to cols - 1, joined by the separator and
+    // appended to `out`: the quick way to write a row, whatever its width.
+    void appendRowText(std::string& out, int row, int cols, char separator) const;
+
+    // Two tables are equal when they show the same: sizes, cells, widths, heights,
+    // alignments and current cell.
+    friend bool operator==(const TextTable& a, const TextTable& b);
 
   private:
     void checkCell(int row, int col) const;
 
+    // A row keeps only the cells that hold something, sorted by column; an absent
+    // cell is an empty one. Wide tables whose cells are mostly empty (a column per
+    // line in a comparison of thousands of lines) so stay small.
+    using Row = std::vector<std::pair<int, TableCell>>;
+    static const TableCell* find(const Row& row, int col);
+    static TableCell& insert(Row& row, int col);
+    // Drops the cell when it holds nothing any more.
+    static void tidy(Row& row, int col);
+
     int cols_ = 0;
-    std::vector<std::vector<TableCell>> cells_;
+    std::vector<Row> cells_;
     std::vector<int> rowHeights_;
     std::vector<int> columnWidths_;
     std::vector<std::optional<Alignment>> columnAlignments_;
