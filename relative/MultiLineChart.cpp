@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <tuple>
 
 #include "core/DoseEstimates.h"
 #include "core/Fault.h"
@@ -41,7 +42,14 @@ class TextRows {
     // x is the text's left edge, y the top of row 0; step is +1 (rows downward) or -1.
     Box place(double x, double y, double width, double height, int step) {
         const long first = strip(x), last = strip(x + width);
-        for (int row = 0;; ++row) {
+        // Texts wanted at one place go in rows one after the other: the search starts
+        // at the row where the last of them went, so that many lines at one place
+        // cost no more than a few.
+        const Hint hint{first, static_cast<long>(std::lround(y)), step};
+        int row = 0;
+        if (const auto found = hints_.find(hint); found != hints_.end())
+            row = found->second;
+        for (;; ++row) {
             const double top = y + step * row * height;
             const Box box{x, top, x + width, top + height};
             bool free = true;
@@ -60,6 +68,7 @@ class TextRows {
                 placed_.push_back(box);
                 for (long s = first; s <= last; ++s)
                     strips_[s].push_back(placed_.size() - 1);
+                hints_[hint] = row;
                 return box;
             }
         }
@@ -67,8 +76,16 @@ class TextRows {
 
   private:
     static long strip(double x) { return static_cast<long>(std::floor(x / 400)); }
+    struct Hint {
+        long strip, y;
+        int step;
+        bool operator<(const Hint& o) const {
+            return std::tie(strip, y, step) < std::tie(o.strip, o.y, o.step);
+        }
+    };
     std::vector<Box> placed_;
     std::map<long, std::vector<std::size_t>> strips_;
+    std::map<Hint, int> hints_;
 };
 
 // Cuts a segment to the box from 0, 0 to width, height (Liang and Barsky). False

@@ -617,6 +617,13 @@ void RtvinWindow::closeEvent(QCloseEvent* event) {
     program_.leaveComparison(*this);
 }
 
+// Coming to the front shows the hints of the selected row, as a click on it does.
+void RtvinWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !running_ && !refreshing_)
+        act([this] { rtvin_.Grid1Click(rtvin_.Grid1.currentRow()); });
+}
+
 void RtvinWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (!isMinimized())
