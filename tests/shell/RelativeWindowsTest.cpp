@@ -239,6 +239,10 @@ class RelativeWindowsTest : public QObject {
         TypeInto(rtvin->Text1(), "1");
         Leave(rtvin->Text4());
         QCOMPARE(f->port.messages.size(), std::size_t{1});
+        TypeInto(rtvin->Text1(), "0.5");
+        Leave(rtvin->Text4());
+        QCOMPARE(f->port.messages.size(), std::size_t{2});
+        QCOMPARE(f->port.lastText(), QString("Sorted LD value msut be between 1 and 99"));
     }
 
     void abbreviationRewritesTheCaptions() {
@@ -316,12 +320,15 @@ class RelativeWindowsTest : public QObject {
         TypeInto(rtvin->Text2(), "0.5");
         PressEnter(rtvin->Text2());
         QCOMPARE(Items(rtvin->List1()), (QStringList{"90", "0.5"}));
+        TypeInto(rtvin->Text2(), "99.5");
+        PressEnter(rtvin->Text2());
+        QCOMPARE(Items(rtvin->List1()), (QStringList{"90", "0.5", "99.5"}));
         QCOMPARE(rtvin->Text2()->text(), QString());
         QVERIFY(!rtvin->Command2()->isEnabled());
         rtvin->List1()->setCurrentRow(0);
         QVERIFY(rtvin->Command3()->isEnabled());
         Click(rtvin->Command3());
-        QCOMPARE(Items(rtvin->List1()), QStringList{"0.5"});
+        QCOMPARE(Items(rtvin->List1()), (QStringList{"0.5", "99.5"}));
         QVERIFY(!rtvin->Command3()->isEnabled());
     }
 
@@ -616,6 +623,43 @@ class RelativeWindowsTest : public QObject {
         QCOMPARE(dialog->chosenColor(), 0x123456u);
         Click(dialog->Command2());
         QCOMPARE(out->rtvout().LineColors[2], 0x123456u);
+
+        // A new comparison gives the lines their pens anew.
+        Click(out->Command11());
+        out = calculate();
+        QVERIFY(out);
+        QCOMPARE(out->rtvout().LineColors[2], before);
+    }
+
+    void everyOptionOffLeavesNameAndEstimate() {
+        open({files[0], files[1]});
+        Click(rtvin->Check3());
+        Click(rtvin->Check4());
+        Click(rtvin->Check5());
+        Click(rtvin->Check2());
+        rtvin->List1()->setCurrentRow(0);
+        Click(rtvin->Command3());
+        RtvoutWindow* out = calculate();
+        QVERIFY(out);
+        const TextTable& grid = out->rtvout().Grid1;
+        QCOMPARE(grid.cols(), 4);
+        QCOMPARE(out->Grid1()->cellText(0, 0), QString("No"));
+        QCOMPARE(out->Grid1()->cellText(0, 1), QString("Line name"));
+        QCOMPARE(out->Grid1()->cellText(0, 2), QString("LD50"));
+        QVERIFY(out->Grid1()->isColumnHidden(3));
+        QCOMPARE(out->Label1()->text(), QString());
+        const CliRun cli = RunCli(
+            {"--no-limits", "--no-index", "--no-rr", "--no-slope", "--no-add", files[0], files[1]});
+        QCOMPARE(QString::fromStdString(RelativeTableText(out->rtvout())), cli.out);
+    }
+
+    void aBlankRowFailsToOpen() {
+        open({files[0]});
+        Click(rtvin->Command6());
+        rtvin->addFiles({files[1].toStdString()});
+        QVERIFY(!calculate());
+        QVERIFY(f->port.lastText().startsWith("An error occurred while opening \n"));
+        QCOMPARE(rtvin->Grid1()->model()->rowCount(), 2);
     }
 
     void sizingTheColumns() {
