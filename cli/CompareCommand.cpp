@@ -219,7 +219,7 @@ int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream&
     hooks.progress = [&port](const BatchProgress& p) { port.showProgress(p); };
     hooks.showResults = [&] {
         port.clearProgress();
-        out << RelativeTableText(*rtvin.rtvout());
+        WriteRelativeTable(*rtvin.rtvout(), out);
     };
     const BatchOutcome outcome = RunComparison(rtvin, shared, calculator, port, hooks);
     port.clearProgress();
@@ -228,6 +228,7 @@ int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream&
             return 0;
         case BatchOutcome::LimitsInvalid:
             return kRefused;
+        case BatchOutcome::Cancelled:
         case BatchOutcome::Failed:
             break;
     }

@@ -128,6 +128,9 @@ class Drawing {
     void box(double x1, double y1, double x2, double y2, Color color = kBlack) {
         ops_.push_back(draw::Box{x1, y1, x2, y2, color, false, penWidth_, penStyle_});
     }
+    void fillBox(double x1, double y1, double x2, double y2, Color color) {
+        ops_.push_back(draw::Box{x1, y1, x2, y2, color, true, penWidth_, penStyle_});
+    }
     void point(double x, double y, Color color = kBlack) {
         ops_.push_back(draw::Point{x, y, color, penWidth_});
         currentX_ = x;

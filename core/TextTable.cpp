@@ -317,16 +317,23 @@ void TextTable::sortByColumn(int col, int firstRow, int lastRow) {
     std::copy(heights.begin(), heights.end(), rowHeights_.begin() + firstRow);
 }
 
+void TextTable::appendRowText(std::string& out, int row, int cols, char separator) const {
+    if (row < 0 || row >= rows())
+        throw std::out_of_range("grid row " + std::to_string(row));
+    cols = std::min(cols, cols_);
+    for (int c = 0; c < cols; ++c) {
+        if (c > 0)
+            out += separator;
+        out += texts_.text(at(row, c).text);
+    }
+}
+
 std::string TextTable::dump() const {
     std::string out;
     for (int r = 0; r < rows(); ++r) {
         if (r > 0)
             out += '\n';
-        for (int c = 0; c < cols_; ++c) {
-            if (c > 0)
-                out += '\t';
-            out += text(r, c);
-        }
+        appendRowText(out, r, cols_, '\t');
     }
     return out;
 }

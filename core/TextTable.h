@@ -95,6 +95,10 @@ class TextTable {
     // quick looks, not an export format.
     std::string dump() const;
 
+    // The texts of row `row`, columns 0 to cols - 1, joined by the separator and
+    // appended to `out`: the quick way to write a row, whatever its width.
+    void appendRowText(std::string& out, int row, int cols, char separator) const;
+
     // The same size, cell texts and looks, row heights, column widths and alignments,
     // and current cell.
     friend bool operator==(const TextTable& a, const TextTable& b);

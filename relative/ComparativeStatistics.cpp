@@ -6,6 +6,7 @@
 #include "core/DoseEstimates.h"
 #include "core/Fault.h"
 #include "core/NumberText.h"
+#include "relative/OverlapSearch.h"
 
 namespace morvane {
 namespace {
@@ -112,35 +113,27 @@ void MarkOverlaps(Rtvout& rtvout) {
     const ResultColumns& columns = rtvout.columns;
     const int lines = grid.rows() - 1;
     // The limits as they stand in the table, read once: the cells don't change here.
-    struct Limits {
-        bool lowerEmpty, upperEmpty;
-        double lower, upper;
-    };
-    std::vector<Limits> limits(static_cast<std::size_t>(lines) + 1);
+    std::vector<LineLimits> limits(static_cast<std::size_t>(lines) + 1);
     for (int row = 1; row <= lines; ++row) {
         const std::string& lower = grid.text(row, columns.LowerColumn);
         const std::string& upper = grid.text(row, columns.UpperColumn);
         limits[static_cast<std::size_t>(row)] =
-            Limits{lower.empty(), upper.empty(), NumberOrZero(lower), NumberOrZero(upper)};
+            LineLimits{lower.empty(), upper.empty(), NumberOrZero(lower), NumberOrZero(upper)};
     }
+    const OverlapSearch search(limits);
+    std::vector<int> marked;
     for (int i = 1; i <= lines; ++i) {
-        const Limits& own = limits[static_cast<std::size_t>(i)];
+        const LineLimits& own = limits[static_cast<std::size_t>(i)];
         if (own.upperEmpty)
             continue;
         const int col = columns.PairColumns.at(static_cast<std::size_t>(i));
-        for (int j = 1; j <= lines; ++j) {
-            const Limits& other = limits[static_cast<std::size_t>(j)];
-            bool overlap = false;
-            if (j < i) {
-                // A line above: its upper limit against this line's lower one.
-                overlap = !other.upperEmpty && other.upper >= own.lower;
-            } else {
-                // This line and those below: their lower limit against the upper one.
-                overlap = !other.lowerEmpty && other.lower <= own.upper;
-            }
-            if (overlap)
-                grid.setText(j, col, "*");
-        }
+        marked.clear();
+        // The lines above: their upper limit against this line's lower one; this line
+        // and those below: their lower limit against the upper one.
+        search.UpperAtLeast(1, i - 1, own.lower, marked);
+        search.LowerAtMost(i, lines, own.upper, marked);
+        for (const int j : marked)
+            grid.setText(j, col, "*");
     }
 }
 

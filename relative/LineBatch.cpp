@@ -133,9 +133,12 @@ struct Batch {
     LineWords words;
 };
 
+enum class LineStep { Added, Failed, Cancelled };
+
 // Opens and calculates line `i` of the table of lines and copies its figures into a
-// new row of the results. False when the line failed; BatchMessage says why.
-bool AddLine(Batch& batch, int i, int lines) {
+// new row of the results. Failed: BatchMessage says why. Cancelled: the user ended the
+// batch when its progress was shown, before this line was read.
+LineStep AddLine(Batch& batch, int i, int lines) {
     Rtvout& out = batch.out;
     SharedRegisters& shared = batch.shared;
     // Each grid keeps one spare row at its end.
@@ -152,23 +155,25 @@ bool AddLine(Batch& batch, int i, int lines) {
     shared.BatchName = name;
     out.Grid1.setText(row, resultcol::LineName, name);
     ReportProgress(batch.hooks, i, lines, name);
+    if (batch.hooks.cancelled && batch.hooks.cancelled())
+        return LineStep::Cancelled;
 
     try {
         batch.calculator.OpenLineForBatch(table.text(i, linecol::Path), shared);
         if (shared.BatchFailed)
-            return false;
+            return LineStep::Failed;
         batch.calculator.CalculateFile(shared, batch.port);
         if (shared.BatchFailed)
-            return false;
+            return LineStep::Failed;
         NoteWords(shared, batch.rtvin, name, batch.words);
         CopyLineResults(batch.rtvin, out, row, shared);
-        return true;
+        return LineStep::Added;
     } catch (const Fault& fault) {
         Fail(shared, "Can't calculate " + name + ":\n" + fault.what());
     } catch (const std::out_of_range& error) {
         Fail(shared, "Can't calculate " + name + ":\n" + error.what());
     }
-    return false;
+    return LineStep::Failed;
 }
 
 // Once every line stands in the results: the pens, the sort, the common dose scale
@@ -238,10 +243,15 @@ BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator
     shared.BatchFailed = 0;
     Batch batch{rtvin, out, shared, calculator, port, hooks, {}};
     const int lines = rtvin.Grid1.rows() - 1;
-    bool calculated = true;
-    for (int i = 1; i <= lines && calculated; ++i)
-        calculated = AddLine(batch, i, lines);
-    if (!calculated || !CompareLines(batch, lines)) {
+    LineStep step = LineStep::Added;
+    for (int i = 1; i <= lines && step == LineStep::Added; ++i)
+        step = AddLine(batch, i, lines);
+    if (step == LineStep::Cancelled) {
+        rtvin.UnloadRtvout();
+        EndPanel(rtvin);
+        return BatchOutcome::Cancelled;
+    }
+    if (step == LineStep::Failed || !CompareLines(batch, lines)) {
         port.tell(shared.BatchMessage);
         rtvin.UnloadRtvout();
         EndPanel(rtvin);

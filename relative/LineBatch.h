@@ -47,12 +47,16 @@ struct BatchHooks {
     std::function<void(const BatchProgress&)> progress;
     // Called once the results stand in rtvin's results window, before the warnings.
     std::function<void()> showResults;
+    // Asked after each progress report: true ends the comparison there, as if it had
+    // never started (the window shows the progress and lets the user cancel).
+    std::function<bool()> cancelled;
 };
 
 enum class BatchOutcome {
     Shown,          // the results window holds the comparison
     LimitsInvalid,  // "From" is not below "To": told, the focus is on Text4
     Failed,         // a file failed: BatchMessage told, no results window
+    Cancelled,      // the user ended it: no message, no results window
 };
 
 BatchOutcome RunComparison(Rtvin& rtvin, SharedRegisters& shared, LineCalculator& calculator,

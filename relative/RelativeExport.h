@@ -2,6 +2,7 @@
 // The table text of a comparison: what "Copy tables" puts on the clipboard and what
 // the results file (.xls, plain text with tabs whatever its extension) holds.
 
+#include <iosfwd>
 #include <string>
 
 #include "relative/Rtvout.h"
@@ -12,5 +13,7 @@ namespace morvane {
 // row ended by a line feed; the hidden sort key column is left out. Then a line feed
 // and the caption that names the references, a line feed and the user's note.
 std::string RelativeTableText(const Rtvout& rtvout);
+// The same text written to a stream as it is made, a row at a time.
+void WriteRelativeTable(const Rtvout& rtvout, std::ostream& out);
 
 }  // namespace morvane

@@ -13,6 +13,7 @@
 #include "shell/ProbitDialog.h"
 #include "shell/ReductionWindow.h"
 #include "shell/ResultsWindow.h"
+#include "shell/RtvinWindow.h"
 
 namespace morvane {
 
@@ -38,6 +39,7 @@ Program::~Program() {
     document_.setObserver(nullptr);
     ended_ = true;
     delete results_.data();
+    delete rtvin_.data();
     delete help_.data();
     delete main_;  // the dialogs are its children
 }
@@ -50,6 +52,9 @@ NotesDialog* Program::notesDialog() const {
 }
 ResultsWindow* Program::resultsWindow() const {
     return results_.data();
+}
+RtvinWindow* Program::rtvinWindow() const {
+    return rtvin_.data();
 }
 
 OptionsDialog& Program::optionsDialog() {
@@ -223,7 +228,8 @@ void Program::endProgram() {
     ended_ = true;
     for (QWidget* window : std::initializer_list<QWidget*>{
              probit_.data(), reduction_.data(), prediction_.data(), notes_.data(),
-             changeOptions_.data(), options_.data(), help_.data(), results_.data(), main_}) {
+             changeOptions_.data(), options_.data(), help_.data(), results_.data(), rtvin_.data(),
+             main_}) {
         if (window)
             window->close();
     }
@@ -255,7 +261,26 @@ void Program::optionsDialogHidden() {
 }
 
 void Program::relativeRequested() {
-    laterVersion("The comparison of lines");
+    // The comparison window takes the input window's place and asks for files at once.
+    if (!rtvin_)
+        rtvin_ = new RtvinWindow(*this);
+    TakePlaceOf(*rtvin_, *main_);
+    document_.setMainEnabled(false);
+    document_.setMainVisible(false);
+    main_->hide();
+    rtvin_->show();
+    rtvin_->raise();
+    rtvin_->activateWindow();
+    rtvin_->TextMsg("2");
+}
+
+void Program::leaveComparison(const QWidget& from) {
+    if (ended_)
+        return;
+    // The comparison window goes with its table; the next comparison opens a new one.
+    rtvin_ = nullptr;
+    run([this] { document_.TextMsg("1"); });
+    returnToInput(from);
 }
 
 void Program::importRequested() {

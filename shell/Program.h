@@ -32,6 +32,7 @@ class HelpWindow;
 class ProbitDialog;
 class ReductionWindow;
 class PredictionWindow;
+class RtvinWindow;
 
 // The frame of a window around its inside, in twips: the sizes that the layout
 // rules give for a window count its borders and title bar.
@@ -65,6 +66,7 @@ class Program : public QObject, public DocumentObserver {
     ChangeOptionsDialog* changeOptionsDialog() const;
     NotesDialog* notesDialog() const;
     ResultsWindow* resultsWindow() const;
+    RtvinWindow* rtvinWindow() const;
 
     // Runs a command of a window, then lets every window follow the document and moves
     // the focus where the command asked.
@@ -87,6 +89,9 @@ class Program : public QObject, public DocumentObserver {
 
     // The results window is going: the input window takes its place and comes back.
     void returnToInput(const QWidget& from);
+    // The comparison window goes back: the input window takes its place with a new
+    // empty line.
+    void leaveComparison(const QWidget& from);
 
     // Ends the program: every window closes without a further question.
     void endProgram();
@@ -123,6 +128,7 @@ class Program : public QObject, public DocumentObserver {
     QPointer<ProbitDialog> probit_;
     QPointer<ReductionWindow> reduction_;
     QPointer<PredictionWindow> prediction_;
+    QPointer<RtvinWindow> rtvin_;
     Focus pendingFocus_ = Focus::None;
     int depth_ = 0;
     bool ended_ = false;

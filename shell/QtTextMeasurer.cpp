@@ -9,6 +9,9 @@
 namespace morvane {
 
 double QtTextMeasurer::textWidth(std::string_view text) const {
+    // Most cells of a large comparison are empty: no need to ask the font.
+    if (text.empty())
+        return 0;
     const QFontMetricsF metrics(widget_->font(), widget_);
     double widest = 0;
     const QString all = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -41,5 +41,50 @@ TEST(TextTable, RemoveRowAndDump) {
     EXPECT_EQ(t.text(1, 0), "two");
 }
 
+TEST(TextTable, EmptiedCellsEqualCellsNeverWritten) {
+    TextTable a(3, 4), b(3, 4);
+    a.setText(1, 2, "x");
+    a.setFore(1, 3, kRed);
+    EXPECT_FALSE(a == b);
+    a.setText(1, 2, "");
+    a.setFore(1, 3, std::nullopt);
+    EXPECT_TRUE(a == b);
+    // A cell only looked at holds nothing either.
+    EXPECT_EQ(a.cell(2, 0).text, "");
+    EXPECT_TRUE(a == b);
+    a.setText(2, 0, "y");
+    EXPECT_FALSE(a == b);
+}
+
+TEST(TextTable, RowTextOfAWideMostlyEmptyTable) {
+    TextTable t(2, 6);
+    t.setText(1, 1, "*");
+    t.setText(1, 4, "4.5");
+    t.setText(1, 5, "key");
+    std::string row;
+    t.appendRowText(row, 1, 5, '\t');
+    EXPECT_EQ(row, "\t*\t\t\t4.5");
+    row.clear();
+    t.appendRowText(row, 0, 3, ',');
+    EXPECT_EQ(row, ",,");
+    // Narrowing drops the cells beyond; widening brings empty ones.
+    t.setCols(4);
+    t.setCols(6);
+    EXPECT_EQ(t.text(1, 4), "");
+    EXPECT_EQ(t.text(1, 1), "*");
+    EXPECT_EQ(t.dump(), "\t\t\t\t\t\n\t*\t\t\t\t");
+}
+
+TEST(TextTable, SortPutsEmptyKeysFirst) {
+    TextTable t(4, 2);
+    t.setText(1, 0, "b");
+    t.setText(1, 1, "1");
+    t.setText(2, 1, "2");
+    t.setText(3, 0, "a");
+    t.setText(3, 1, "3");
+    t.sortByColumn(0, 1, 3);
+    EXPECT_EQ(t.dump(), "\t\n\t2\na\t3\nb\t1");
+}
+
 }  // namespace
 }  // namespace morvane

@@ -1,5 +1,6 @@
 // Takes the screenshots of the documentation: the input window with an assay typed
-// in, the options dialog, and the results window on both tabs. Run it under a
+// in, the options dialog, the results window on both tabs, and the comparison: the
+// table of files, the relative results and the chart of 3 and of 20 lines. Run it under a
 // virtual X server of 1280 by 800 pixels with the folder for the pictures:
 //   xvfb-run -a -s "-screen 0 1280x800x24" build/tests/shell/shell_screenshots docs/screenshots
 
@@ -12,12 +13,15 @@
 #include <QTest>
 #include <cstdio>
 
+#include "RelativeTestSupport.h"
 #include "ShellTestSupport.h"
 #include "shell/MainWindow.h"
 #include "shell/OptionsDialog.h"
 #include "shell/PredictionWindow.h"
 #include "shell/ReductionWindow.h"
 #include "shell/ResultsWindow.h"
+#include "shell/RtvinWindow.h"
+#include "shell/RtvoutWindow.h"
 
 using namespace morvane;
 using namespace morvane::testing;
@@ -164,5 +168,52 @@ int main(int argc, char** argv) {
     if (!f.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(f.port.failures.join("; ")));
     f.program->endProgram();
+
+    // The comparison of field strains, in a program of its own.
+    ShellFixture c;
+    const QStringList strains = WriteStrainFiles(c.folder.path(), 20);
+    MainWindow& input = c.program->mainWindow();
+    input.resize(1040, 680);
+    input.move(40, 40);
+    ShowActive(input);
+    for (int i = 0; i < 3; ++i)
+        c.port.openAnswers.push_back(strains[i].toStdString());
+    c.port.openAnswers.push_back(std::nullopt);
+    Click(input.CommandRelative());
+    RtvinWindow* rtvin = c.program->rtvinWindow();
+    if (!rtvin) {
+        std::fprintf(stderr, "the comparison window did not open\n");
+        return 1;
+    }
+    ShowActive(*rtvin);
+    ok = Save(*rtvin, folder, "rtvin.png") && ok;
+    Click(rtvin->Command4());
+    RtvoutWindow* rtvout = rtvin->resultsWindow();
+    if (!rtvout) {
+        std::fprintf(stderr, "the comparison did not open its results\n");
+        return 1;
+    }
+    ShowActive(*rtvout);
+    ok = Save(*rtvout, folder, "relative-tables.png") && ok;
+    rtvout->Tab1()->setCurrentIndex(1);
+    Click(rtvout->Check1());
+    Click(rtvout->Check2());
+    ok = Save(*rtvout, folder, "relative-graph-3.png") && ok;
+    Click(rtvout->Command11());
+    ShowActive(*rtvin);
+    std::vector<std::string> more;
+    for (int i = 3; i < strains.size(); ++i)
+        more.push_back(strains[i].toStdString());
+    rtvin->addFiles(more);
+    Click(rtvin->Command4());
+    rtvout = rtvin->resultsWindow();
+    if (!rtvout)
+        return 1;
+    ShowActive(*rtvout);
+    rtvout->Tab1()->setCurrentIndex(1);
+    ok = Save(*rtvout, folder, "relative-graph-20.png") && ok;
+    if (!c.port.failures.isEmpty())
+        std::fprintf(stderr, "%s\n", qPrintable(c.port.failures.join("; ")));
+    c.program->endProgram();
     return ok ? 0 : 1;
 }

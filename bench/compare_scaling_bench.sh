@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# How morvane-cli compare grows with the number of lines, with the test of
+# significant differences on: 1,000, 4,000 and 10,000 line files, each compared in
+# one process, with the elapsed time and the peak memory (resident set).
+# Targets: 1,000 files in at most 0.25 s and 50 MB; 10,000 in at most 3 s and 300 MB;
+# from 1,000 to 4,000 files the time grows at most five times.
+set -euo pipefail
+build=$(cd "${1:-build}" && pwd)
+cli="$build/cli/morvane-cli"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+most=10000
+
+# The files of compare_bench.sh: five doubling doses, 50 individuals each; each line
+# starts 1% higher than the one before and its responses move by one individual.
+awk -v lines="$most" -v dir="$work" 'BEGIN {
+    split("5 14 26 38 46", base, " ")
+    for (i = 1; i <= lines; i++) {
+        file = sprintf("%s/line%05d.mrv", dir, i)
+        printf "2,\"\",\"\",\"\",\"\",\"\"\r\n" > file
+        printf "1,0,\"mg\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n" > file
+        printf "7,6\r\n" > file
+        first = 1.01 ^ i
+        for (k = 0; k < 5; k++) {
+            dose = first * 2 ^ k
+            responded = base[k + 1] + (i + k) % 3 - 1
+            printf "\"T\",\"%.15g\",\"50\",\"%d\",\"%.3f\",\"%.11fT\",", dose, responded,
+                   responded / 50 * 100, dose ^ 0.01 > file
+        }
+        printf "\"T\",\"\",\"\",\"\"\r\n" > file
+        close(file)
+    }
+}'
+
+run() {
+    local lines=$1
+    awk -v n="$lines" 'BEGIN { for (i = 1; i <= n; i++) printf "line%05d.mrv\n", i }' \
+        > "$work/list$lines"
+    local start end
+    if [ -x /usr/bin/time ]; then
+        (cd "$work" && /usr/bin/time -f "%e %M" -o "time$lines" "$cli" compare $(cat "list$lines") \
+            > "table$lines.txt")
+        read -r seconds kilobytes < "$work/time$lines"
+    else
+        start=$(date +%s.%N)
+        (cd "$work" && "$cli" compare $(cat "list$lines") > "table$lines.txt")
+        end=$(date +%s.%N)
+        seconds=$(awk -v s="$start" -v e="$end" 'BEGIN { printf "%.2f", e - s }')
+        kilobytes=0
+    fi
+    bytes=$(wc -c < "$work/table$lines.txt")
+    printf "compare of %5d line files: %6.2f s, peak %6.1f MB, %d bytes of table text\n" \
+        "$lines" "$seconds" "$(awk -v k="$kilobytes" 'BEGIN { print k / 1024 }')" "$bytes"
+    eval "seconds$lines=$seconds"
+}
+
+run 1000
+run 4000
+run 10000
+awk -v a="$seconds1000" -v b="$seconds4000" 'BEGIN {
+    printf "time from 1,000 to 4,000 files: %.1f times\n", (a > 0 ? b / a : 0)
+}'
