@@ -94,23 +94,54 @@ TextTable::TextTable(int rows, int cols) {
     setRows(rows);
 }
 
-TextTable::Cell& TextTable::at(int row, int col) {
+const TextTable::Cell& TextTable::at(int row, int col) const {
+    static constexpr Cell kEmpty{};
     checkCell(row, col);
-    return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
-                  static_cast<std::size_t>(col)];
+    if (col < denseCols_)
+        return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(denseCols_) +
+                      static_cast<std::size_t>(col)];
+    const WideRow& wide = wide_[static_cast<std::size_t>(row)];
+    const auto found = std::lower_bound(
+        wide.begin(), wide.end(), col,
+        [](const WideCell& w, int c) { return w.col < static_cast<std::uint32_t>(c); });
+    return found != wide.end() && found->col == static_cast<std::uint32_t>(col) ? found->cell
+                                                                                : kEmpty;
 }
 
-const TextTable::Cell& TextTable::at(int row, int col) const {
+void TextTable::put(int row, int col, Cell cell) {
     checkCell(row, col);
-    return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
-                  static_cast<std::size_t>(col)];
+    if (col < denseCols_) {
+        cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(denseCols_) +
+               static_cast<std::size_t>(col)] = cell;
+        return;
+    }
+    // Beyond the dense columns an empty cell is not kept at all, so that a wide table
+    // costs only what is written in it. The significance marks arrive column after
+    // column, so a new cell nearly always goes at the end of its row.
+    WideRow& wide = wide_[static_cast<std::size_t>(row)];
+    const auto found = std::lower_bound(
+        wide.begin(), wide.end(), col,
+        [](const WideCell& w, int c) { return w.col < static_cast<std::uint32_t>(c); });
+    const bool kept = found != wide.end() && found->col == static_cast<std::uint32_t>(col);
+    if (cell.empty()) {
+        if (kept)
+            wide.erase(found);
+    } else if (kept) {
+        found->cell = cell;
+    } else {
+        wide.insert(found, WideCell{static_cast<std::uint32_t>(col), cell});
+    }
 }
 
 void TextTable::releaseRows(int first, int last) {
-    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(first) * cols_;
-    const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(last) * cols_;
+    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(first) * denseCols_;
+    const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(last) * denseCols_;
     for (auto it = begin; it != end; ++it)
         texts_.release(it->text);
+    if (isWide())
+        for (int r = first; r < last; ++r)
+            for (const WideCell& w : wide_[static_cast<std::size_t>(r)])
+                texts_.release(w.cell.text);
 }
 
 void TextTable::setRows(int rows) {
@@ -119,7 +150,9 @@ void TextTable::setRows(int rows) {
     if (rows < rows_)
         releaseRows(rows, rows_);
     rows_ = rows;
-    cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
+    cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(denseCols_));
+    if (isWide())
+        wide_.resize(static_cast<std::size_t>(rows));
     rowHeights_.resize(static_cast<std::size_t>(rows), -1);
     if (currentRow_ >= rows)
         currentRow_ = rows > 0 ? rows - 1 : 0;
@@ -128,21 +161,38 @@ void TextTable::setRows(int rows) {
 void TextTable::setCols(int cols) {
     if (cols < 0)
         cols = 0;
-    if (cols != cols_) {
-        std::vector<Cell> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols));
+    // The cells beyond the new width, first those kept per row.
+    if (cols < cols_ && isWide())
+        for (WideRow& wide : wide_) {
+            const auto beyond = std::find_if(wide.begin(), wide.end(), [&](const WideCell& w) {
+                return w.col >= static_cast<std::uint32_t>(cols);
+            });
+            for (auto it = beyond; it != wide.end(); ++it)
+                texts_.release(it->cell.text);
+            wide.erase(beyond, wide.end());
+        }
+    const int dense = std::min(cols, kDenseCols);
+    if (dense != denseCols_) {
+        std::vector<Cell> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(dense));
         for (int r = 0; r < rows_; ++r)
-            for (int c = 0; c < cols_; ++c) {
-                Cell& old = cells_[static_cast<std::size_t>(r) * static_cast<std::size_t>(cols_) +
-                                   static_cast<std::size_t>(c)];
-                if (c < cols)
-                    cells[static_cast<std::size_t>(r) * static_cast<std::size_t>(cols) +
+            for (int c = 0; c < denseCols_; ++c) {
+                const Cell& old =
+                    cells_[static_cast<std::size_t>(r) * static_cast<std::size_t>(denseCols_) +
+                           static_cast<std::size_t>(c)];
+                if (c < dense)
+                    cells[static_cast<std::size_t>(r) * static_cast<std::size_t>(dense) +
                           static_cast<std::size_t>(c)] = old;
                 else
                     texts_.release(old.text);
             }
         cells_ = std::move(cells);
+        denseCols_ = dense;
     }
     cols_ = cols;
+    if (!isWide())
+        wide_ = std::vector<WideRow>();  // emptied above; give the memory back
+    else
+        wide_.resize(static_cast<std::size_t>(rows_));
     columnWidths_.resize(static_cast<std::size_t>(cols), -1);
     columnAlignments_.resize(static_cast<std::size_t>(cols));
     if (currentCol_ >= cols)
@@ -156,8 +206,10 @@ void TextTable::addRow() {
 void TextTable::removeRow(int row) {
     checkCell(row, 0);
     releaseRows(row, row + 1);
-    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(row) * cols_;
-    cells_.erase(begin, begin + cols_);
+    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(row) * denseCols_;
+    cells_.erase(begin, begin + denseCols_);
+    if (isWide())
+        wide_.erase(wide_.begin() + row);
     --rows_;
     rowHeights_.erase(rowHeights_.begin() + row);
     if (currentRow_ >= rows())
@@ -165,10 +217,10 @@ void TextTable::removeRow(int row) {
 }
 
 void TextTable::clear() {
-    for (Cell& c : cells_) {
-        texts_.release(c.text);
-        c = Cell{};
-    }
+    releaseRows(0, rows_);
+    std::fill(cells_.begin(), cells_.end(), Cell{});
+    for (WideRow& wide : wide_)
+        wide = WideRow();
 }
 
 void TextTable::checkCell(int row, int col) const {
@@ -187,17 +239,19 @@ const std::string& TextTable::text(int row, int col) const {
     return texts_.text(at(row, col).text);
 }
 void TextTable::setText(int row, int col, std::string text) {
-    Cell& c = at(row, col);
+    Cell c = at(row, col);
     const std::uint32_t old = c.text;
     c.text = texts_.add(std::move(text));
+    put(row, col, c);
     texts_.release(old);
 }
 
 template <class Change>
 void TextTable::changeLook(int row, int col, Change change) {
-    Cell& c = at(row, col);
+    Cell c = at(row, col);
     CellLook look = looks_[c.look];
     change(look);
+    // The first look that is equal, so that the default look is always id 0.
     const auto found = std::find(looks_.begin(), looks_.end(), look);
     if (found != looks_.end()) {
         c.look = static_cast<std::uint32_t>(found - looks_.begin());
@@ -205,6 +259,7 @@ void TextTable::changeLook(int row, int col, Change change) {
         c.look = static_cast<std::uint32_t>(looks_.size());
         looks_.push_back(std::move(look));
     }
+    put(row, col, c);
 }
 
 std::optional<Color> TextTable::fore(int row, int col) const {
@@ -302,29 +357,48 @@ void TextTable::sortByColumn(int col, int firstRow, int lastRow) {
     std::stable_sort(order.begin(), order.end(), [&](std::size_t x, std::size_t y) {
         return CompareTextNoCase(key(x), key(y)) < 0;
     });
-    const std::size_t width = static_cast<std::size_t>(cols_);
-    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(firstRow) * cols_;
+    const std::size_t width = static_cast<std::size_t>(denseCols_);
+    const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(firstRow) * denseCols_;
     std::vector<Cell> sorted;
     std::vector<int> heights;
+    std::vector<WideRow> wide;
     sorted.reserve(order.size() * width);
     heights.reserve(order.size());
     for (std::size_t i : order) {
         const auto row = begin + static_cast<std::ptrdiff_t>(i * width);
         sorted.insert(sorted.end(), row, row + static_cast<std::ptrdiff_t>(width));
         heights.push_back(rowHeights_[static_cast<std::size_t>(firstRow) + i]);
+        if (isWide())
+            wide.push_back(std::move(wide_[static_cast<std::size_t>(firstRow) + i]));
     }
     std::copy(sorted.begin(), sorted.end(), begin);
     std::copy(heights.begin(), heights.end(), rowHeights_.begin() + firstRow);
+    std::move(wide.begin(), wide.end(), wide_.begin() + firstRow);
 }
 
 void TextTable::appendRowText(std::string& out, int row, int cols, char separator) const {
     if (row < 0 || row >= rows())
         throw std::out_of_range("grid row " + std::to_string(row));
     cols = std::min(cols, cols_);
-    for (int c = 0; c < cols; ++c) {
+    const int dense = std::min(cols, denseCols_);
+    const std::size_t first = static_cast<std::size_t>(row) * static_cast<std::size_t>(denseCols_);
+    for (int c = 0; c < dense; ++c) {
         if (c > 0)
             out += separator;
-        out += texts_.text(at(row, c).text);
+        out += texts_.text(cells_[first + static_cast<std::size_t>(c)].text);
+    }
+    if (cols <= dense)
+        return;
+    // The columns beyond: a separator for each, a text where one is written.
+    auto written = wide_[static_cast<std::size_t>(row)].begin();
+    for (int c = dense; c < cols; ++c) {
+        if (c > 0)
+            out += separator;
+        if (written != wide_[static_cast<std::size_t>(row)].end() &&
+            written->col == static_cast<std::uint32_t>(c)) {
+            out += texts_.text(written->cell.text);
+            ++written;
+        }
     }
 }
 
@@ -343,12 +417,24 @@ bool operator==(const TextTable& a, const TextTable& b) {
         a.columnWidths_ != b.columnWidths_ || a.columnAlignments_ != b.columnAlignments_ ||
         a.currentRow_ != b.currentRow_ || a.currentCol_ != b.currentCol_)
         return false;
-    for (std::size_t i = 0; i < a.cells_.size(); ++i) {
-        const TextTable::Cell& x = a.cells_[i];
-        const TextTable::Cell& y = b.cells_[i];
-        if (a.texts_.text(x.text) != b.texts_.text(y.text) ||
-            !(a.looks_[x.look] == b.looks_[y.look]))
+    // Texts and looks by their contents: the same text may have another id in each.
+    auto same = [&](const TextTable::Cell& x, const TextTable::Cell& y) {
+        return a.texts_.text(x.text) == b.texts_.text(y.text) &&
+               a.looks_[x.look] == b.looks_[y.look];
+    };
+    for (std::size_t i = 0; i < a.cells_.size(); ++i)
+        if (!same(a.cells_[i], b.cells_[i]))
             return false;
+    // Neither keeps an empty cell beyond the dense columns, so equal rows hold the same
+    // columns in the same order.
+    for (std::size_t r = 0; r < a.wide_.size(); ++r) {
+        const TextTable::WideRow& x = a.wide_[r];
+        const TextTable::WideRow& y = b.wide_[r];
+        if (x.size() != y.size())
+            return false;
+        for (std::size_t k = 0; k < x.size(); ++k)
+            if (x[k].col != y[k].col || !same(x[k].cell, y[k].cell))
+                return false;
     }
     return true;
 }

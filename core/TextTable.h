@@ -14,6 +14,12 @@
 // once with a count of the cells that hold it; and its look (colours, alignment,
 // picture), one of the table's distinct looks. A reference that text() gives stays
 // valid until that cell's text changes or its row is removed or sorted.
+//
+// The comparison of lines has the other shape: a significance column per line, so
+// thousands of rows by thousands of columns, nearly all of them empty. So only the
+// first columns of a row are kept side by side; the cells beyond them are kept per
+// row, in column order, and only while they hold a text or a look. A narrow table
+// is dense throughout, and a wide one costs what its written cells cost.
 
 #include <cstdint>
 #include <deque>
@@ -133,18 +139,32 @@ class TextTable {
     struct Cell {
         std::uint32_t text = 0;
         std::uint32_t look = 0;
+        bool empty() const { return text == 0 && look == 0; }
     };
+    // A written cell beyond the dense columns.
+    struct WideCell {
+        std::uint32_t col = 0;
+        Cell cell;
+    };
+    using WideRow = std::vector<WideCell>;  // in column order, no empty cells
+
+    // Columns 0 to kDenseCols - 1 of every row are kept in cells_; a table with more
+    // columns keeps the rest in wide_, one list per row.
+    static constexpr int kDenseCols = 16;
 
     void checkCell(int row, int col) const;
-    Cell& at(int row, int col);
-    const Cell& at(int row, int col) const;
+    const Cell& at(int row, int col) const;  // an empty cell where none is kept
+    void put(int row, int col, Cell cell);   // the texts' counts are the caller's
+    bool isWide() const { return cols_ > kDenseCols; }
     void releaseRows(int first, int last);  // the texts of rows first..last-1
     template <class Change>
     void changeLook(int row, int col, Change change);
 
     int rows_ = 0;
     int cols_ = 0;
-    std::vector<Cell> cells_;  // row by row
+    int denseCols_ = 0;          // min(cols_, kDenseCols)
+    std::vector<Cell> cells_;    // row by row, denseCols_ a row
+    std::vector<WideRow> wide_;  // a list per row while isWide(), else none
     TextPool texts_;
     std::vector<CellLook> looks_{CellLook{}};
     std::vector<int> rowHeights_;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
+#include <algorithm>
 #include <string>
 
 #include "core/TextTable.h"
@@ -67,6 +68,29 @@ TEST(TextTableMemoryTest, CopiesCompareByTextsAndLooks) {
     c.setText(1, 0, "z");
     EXPECT_EQ(a.text(1, 0), "x");
     EXPECT_FALSE(a == c);
+}
+
+// The comparison's table has a significance column per line, nearly all of it empty:
+// its memory grows with the cells written, not with rows times columns.
+TEST(TextTableMemoryTest, AWideMostlyEmptyTableCostsItsWrittenCells) {
+    constexpr int kLines = 5000;
+    const std::size_t before = BytesInUse();
+    {
+        TextTable grid(kLines + 1, kLines + 4);
+        for (int r = 1; r <= kLines; ++r) {
+            grid.setText(r, 0, std::to_string(r));
+            grid.setText(r, 2, "4.5" + std::to_string(r));
+            for (int c = std::max(3, r + 1); c <= std::min(kLines + 3, r + 5); ++c)
+                grid.setText(r, c, "*");
+        }
+        const std::size_t held = BytesInUse() - before;
+        // Kept side by side, these cells would take 40,000 bytes a row.
+        EXPECT_LE(held, static_cast<std::size_t>(kLines) * 400) << held / kLines << " bytes a row";
+        EXPECT_EQ(grid.text(100, 101), "*");
+        EXPECT_EQ(grid.text(100, 106), "");
+        EXPECT_EQ(grid.text(kLines, kLines + 3), "*");
+    }
+    EXPECT_LE(BytesInUse(), before + 16384);
 }
 
 }  // namespace

@@ -86,5 +86,84 @@ TEST(TextTable, SortPutsEmptyKeysFirst) {
     EXPECT_EQ(t.dump(), "\t\n\t2\na\t3\nb\t1");
 }
 
+// A table with a column per line: the cells far to the right are kept only while
+// written, and everything a narrow table does holds for them too.
+TEST(TextTable, WideTableCellsBehaveAsNarrowOnes) {
+    TextTable t(4, 40);
+    t.setText(1, 2, "near");
+    t.setText(1, 30, "*");
+    t.setText(2, 39, "last");
+    t.setText(2, 20, "mid");  // written out of column order
+    t.setBack(3, 25, kRed);
+    EXPECT_EQ(t.text(1, 30), "*");
+    EXPECT_EQ(t.text(2, 20), "mid");
+    EXPECT_EQ(t.text(2, 39), "last");
+    EXPECT_EQ(t.text(1, 31), "");
+    EXPECT_EQ(t.back(3, 25), kRed);
+    EXPECT_EQ(t.cell(3, 25).text, "");
+    EXPECT_EQ(t.back(3, 24), std::nullopt);
+    EXPECT_THROW(t.text(1, 40), std::out_of_range);
+
+    std::string row;
+    t.appendRowText(row, 2, 40, ',');
+    EXPECT_EQ(row, std::string(20, ',') + "mid" + std::string(19, ',') + "last");
+    row.clear();
+    t.appendRowText(row, 1, 31, ',');
+    EXPECT_EQ(row, ",,near" + std::string(28, ',') + "*");
+
+    // Rows move with their far cells when sorted or removed.
+    t.setText(1, 0, "b");
+    t.setText(2, 0, "a");
+    t.sortByColumn(0, 1, 3);
+    EXPECT_EQ(t.text(1, 0), "");  // row 3, its key empty, comes first
+    EXPECT_EQ(t.back(1, 25), kRed);
+    EXPECT_EQ(t.text(2, 20), "mid");
+    EXPECT_EQ(t.text(3, 30), "*");
+    t.removeRow(2);
+    EXPECT_EQ(t.text(2, 30), "*");
+    EXPECT_EQ(t.text(2, 20), "");
+    EXPECT_EQ(t.rows(), 3);
+    t.addRow();
+    EXPECT_EQ(t.text(3, 30), "");
+}
+
+TEST(TextTable, WideCellsEmptiedEqualCellsNeverWritten) {
+    TextTable a(3, 50), b(3, 50);
+    b.setText(1, 45, "x");
+    b.setFore(2, 17, kRed);
+    a.setFore(2, 17, kRed);
+    a.setText(1, 45, "x");  // the same cells, written in another order
+    EXPECT_TRUE(a == b);
+    a.setText(1, 45, "");
+    a.setFore(2, 17, std::nullopt);
+    EXPECT_FALSE(a == b);
+    b.setText(1, 45, "");
+    b.setFore(2, 17, std::nullopt);
+    EXPECT_TRUE(a == b);
+    EXPECT_TRUE(a == TextTable(3, 50));
+    a.setText(2, 49, "y");
+    EXPECT_FALSE(a == TextTable(3, 50));
+    a.clear();
+    EXPECT_TRUE(a == TextTable(3, 50));
+}
+
+TEST(TextTable, NarrowingAWideTableDropsTheCellsBeyond) {
+    TextTable t(2, 30);
+    t.setText(1, 5, "five");
+    t.setText(1, 16, "sixteen");
+    t.setText(1, 29, "last");
+    t.setCols(20);
+    EXPECT_EQ(t.text(1, 16), "sixteen");
+    t.setCols(30);
+    EXPECT_EQ(t.text(1, 29), "");
+    t.setCols(10);  // narrow again: every cell kept side by side
+    t.setCols(30);
+    EXPECT_EQ(t.text(1, 5), "five");
+    EXPECT_EQ(t.text(1, 16), "");
+    std::string row;
+    t.appendRowText(row, 1, 30, '|');
+    EXPECT_EQ(row, "|||||five" + std::string(24, '|'));
+}
+
 }  // namespace
 }  // namespace morvane
