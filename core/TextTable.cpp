@@ -389,17 +389,17 @@ void TextTable::appendRowText(std::string& out, int row, int cols, char separato
     }
     if (cols <= dense)
         return;
-    // The columns beyond: a separator for each, a text where one is written.
-    auto written = wide_[static_cast<std::size_t>(row)].begin();
-    for (int c = dense; c < cols; ++c) {
-        if (c > 0)
-            out += separator;
-        if (written != wide_[static_cast<std::size_t>(row)].end() &&
-            written->col == static_cast<std::uint32_t>(c)) {
-            out += texts_.text(written->cell.text);
-            ++written;
-        }
+    // The columns beyond, a separator before each: the runs of empty cells between the
+    // written ones are appended whole, since a row of the comparison is nearly all run.
+    std::size_t next = static_cast<std::size_t>(dense);  // the first column not appended
+    for (const WideCell& written : wide_[static_cast<std::size_t>(row)]) {
+        if (written.col >= static_cast<std::uint32_t>(cols))
+            break;
+        out.append(written.col - next + 1, separator);
+        out += texts_.text(written.cell.text);
+        next = written.col + 1;
     }
+    out.append(static_cast<std::size_t>(cols) - next, separator);
 }
 
 std::string TextTable::dump() const {
