@@ -70,8 +70,7 @@ class CompareCliTest : public ::testing::Test {
         std::vector<std::vector<std::string>> rows;
         for (const Dose& d : doses)
             rows.push_back(Row(d));
-        WriteBytes(folder.path() / name,
-                   CurrentLineFile(options, 6, rows, R"("Treatment","","","")"));
+        WriteBytes(folder.file(name), CurrentLineFile(options, 6, rows, R"("Treatment","","","")"));
     }
     // The lines of these tests: four of good fit, one of ten individuals a dose whose
     // g is 0.7475, and one in LC.
@@ -173,9 +172,9 @@ TEST_F(CompareCliTest, NamedAndLastReferencesWithTheSlopesErrorAndFurtherPercent
 
 TEST_F(CompareCliTest, OfTwoLinesOfOneNameTheLastInSortedOrderIsTheReference) {
     writeStandardLines();
-    std::filesystem::create_directory(folder.path() / "2024");
-    std::filesystem::copy_file(folder.path() / "resistant.mrv",
-                               folder.path() / "2024" / "susceptible.mrv");
+    std::filesystem::create_directory(folder.file("2024"));
+    std::filesystem::copy_file(folder.file("resistant.mrv"),
+                               folder.file("2024/susceptible.mrv"));
     expectRun({"--rr-ref", "susceptible", "--no-index", "--no-limits", "--no-slope", "--no-add",
                "2024/susceptible.mrv", "susceptible.mrv", "lab.mrv"},
               "No\tLine name\tLD50\tRR\n"
@@ -205,7 +204,7 @@ TEST_F(CompareCliTest, AFileThatCantBeOpenedInTheMiddleEndsTheComparison) {
 
 TEST_F(CompareCliTest, AFolderIsNamedAsAFolder) {
     writeStandardLines();
-    std::filesystem::create_directory(folder.path() / "2024");
+    std::filesystem::create_directory(folder.file("2024"));
     expectRun({"susceptible.mrv", "2024"}, "",
               "compare: \"2024\" is a folder; compare wants line files. Name the files, for "
               "example \"2024/*.mrv\".\n",
@@ -362,7 +361,7 @@ TEST_F(CompareCliTest, AReferenceThatNamesNoLineIsRefused) {
 
 TEST_F(CompareCliTest, AFileTitleTooShortForANameIsRefused) {
     writeStandardLines();
-    std::filesystem::copy_file(folder.path() / "susceptible.mrv", folder.path() / "ab");
+    std::filesystem::copy_file(folder.file("susceptible.mrv"), folder.file("ab"));
     const CliResult result = compare({"susceptible.mrv", "ab"});
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "An error was occurred while opening this file.\nInvalid argument\n");

@@ -31,7 +31,7 @@ class ReportCommandTest : public ::testing::Test {
     void writeLineFile(const std::string& name, const std::string& options, int columns,
                        const std::vector<std::vector<std::string>>& rows,
                        const std::string& notes) {
-        WriteBytes(folder.path() / name, CurrentLineFile(options, columns, rows, notes));
+        WriteBytes(folder.file(name), CurrentLineFile(options, columns, rows, notes));
     }
 
     void expectRun(const std::vector<std::string>& args, const std::string& out,
@@ -415,7 +415,7 @@ TEST_F(ReportCommandTest, ReverseSlopeIsCalculatedAndItsQueriesAnswerFalseOutsid
 // for the control), the first value of each in row 5. It reads into the same line.
 TEST_F(ReportCommandTest, OlderLayoutReadsIntoTheSameLine) {
     const std::string empty12 = R"("","","","","","","","","","","","")";
-    WriteBytes(folder.path() / "older.mrv",
+    WriteBytes(folder.file("older.mrv"),
                "1,0,0,0,0,0\r\n"
                R"(1,"mg",0,"L",2,0,0,5,11,"","Dose","LD","",0,"0.05","","",0,0,0,"","")"
                "\r\n"
@@ -624,7 +624,7 @@ TEST_F(ReportCommandTest, MissingFileIsAnOpeningError) {
 }
 
 TEST_F(ReportCommandTest, FileThatIsNoLineFileIsAnOpeningError) {
-    WriteBytes(folder.path() / "notes.mrv", "hello\r\n");
+    WriteBytes(folder.file("notes.mrv"), "hello\r\n");
     expectRun({"report", "notes.mrv"}, "",
               "An error occurred while opening this file.\n\"hello\" is not a number (line 1, "
               "field 1)\n",
@@ -632,7 +632,7 @@ TEST_F(ReportCommandTest, FileThatIsNoLineFileIsAnOpeningError) {
 }
 
 TEST_F(ReportCommandTest, FileThatEndsEarlyIsAnOpeningError) {
-    WriteBytes(folder.path() / "short.mrv", "2,\"\",\"\",\"\",\"\",\"\"\r\n");
+    WriteBytes(folder.file("short.mrv"), "2,\"\",\"\",\"\",\"\",\"\"\r\n");
     expectRun({"report", "short.mrv"}, "",
               "An error occurred while opening this file.\nthe file ends before its last field "
               "(line 2, field 1)\n",
