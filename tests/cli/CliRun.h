@@ -11,6 +11,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/TestFiles.h"
@@ -60,5 +61,33 @@ inline std::string CurrentLineFile(const std::string& options, int columns,
             text += "\"" + cell + "\",";
     return text + notes + "\r\n";
 }
+
+// A test of morvane-cli in a folder of its own. expectRun runs the tool with the
+// words of its command (none for the tool's own options) before the arguments, and
+// compares its whole standard output, standard error and exit status.
+class CliTest : public ::testing::Test {
+  protected:
+    explicit CliTest(std::vector<std::string> command = {}) : command_(std::move(command)) {}
+
+    CliResult run(const std::vector<std::string>& args) const {
+        std::vector<std::string> all = command_;
+        all.insert(all.end(), args.begin(), args.end());
+        return RunCli(all, folder.path());
+    }
+    void expectRun(const std::vector<std::string>& args, const std::string& out,
+                   const std::string& err, int status) const {
+        const CliResult result = run(args);
+        EXPECT_EQ(result.out, out);
+        EXPECT_EQ(result.err, err);
+        EXPECT_EQ(result.status, status);
+    }
+    // What --help prints.
+    std::string usage() const { return RunCli({"--help"}, folder.path()).out; }
+
+    TempFolder folder;
+
+  private:
+    std::vector<std::string> command_;
+};
 
 }  // namespace morvane::testing

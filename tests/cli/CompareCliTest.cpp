@@ -173,8 +173,7 @@ TEST_F(CompareCliTest, NamedAndLastReferencesWithTheSlopesErrorAndFurtherPercent
 TEST_F(CompareCliTest, OfTwoLinesOfOneNameTheLastInSortedOrderIsTheReference) {
     writeStandardLines();
     std::filesystem::create_directory(folder.file("2024"));
-    std::filesystem::copy_file(folder.file("resistant.mrv"),
-                               folder.file("2024/susceptible.mrv"));
+    std::filesystem::copy_file(folder.file("resistant.mrv"), folder.file("2024/susceptible.mrv"));
     expectRun({"--rr-ref", "susceptible", "--no-index", "--no-limits", "--no-slope", "--no-add",
                "2024/susceptible.mrv", "susceptible.mrv", "lab.mrv"},
               "No\tLine name\tLD50\tRR\n"

@@ -18,12 +18,13 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::CurrentLineFile;
 using testing::RunCli;
 using testing::TempFolder;
 using testing::WriteBytes;
 
-class ReportCommandTest : public ::testing::Test {
+class ReportCommandTest : public CliTest {
   protected:
     // Writes a line file of the current layout: the options record, the number of
     // columns of the table, its rows (label, dose, counts or percent, sort key) and
@@ -33,16 +34,6 @@ class ReportCommandTest : public ::testing::Test {
                        const std::string& notes) {
         WriteBytes(folder.file(name), CurrentLineFile(options, columns, rows, notes));
     }
-
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        const CliResult result = RunCli(args, folder.path());
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
-
-    TempFolder folder;
 };
 
 // --- Lines that are calculated --------------------------------------------------------
