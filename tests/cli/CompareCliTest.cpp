@@ -23,6 +23,7 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::CurrentLineFile;
 using testing::RunCli;
 using testing::TempFolder;
@@ -63,8 +64,10 @@ std::vector<Dose> Doubling(double first, std::vector<double> responded) {
 
 const std::vector<double> kSusceptibleResponses = {5, 14, 26, 38, 46};
 
-class CompareCliTest : public ::testing::Test {
+class CompareCliTest : public CliTest {
   protected:
+    CompareCliTest() : CliTest({"compare"}) {}
+
     void writeLine(const std::string& name, const std::vector<Dose>& doses,
                    const std::string& options = Options("")) {
         std::vector<std::vector<std::string>> rows;
@@ -82,19 +85,7 @@ class CompareCliTest : public ::testing::Test {
         writeLine("small.mrv", {{1, 10, 2}, {2, 10, 6}, {4, 10, 4}, {8, 10, 8}});
         writeLine("as LC.mrv", Doubling(3, {8, 17, 28, 36, 46}), kCustomLC);
     }
-    CliResult compare(std::vector<std::string> args) {
-        args.insert(args.begin(), "compare");
-        return RunCli(args, folder.path());
-    }
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        const CliResult result = compare(args);
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
-
-    TempFolder folder;
+    CliResult compare(const std::vector<std::string>& args) const { return run(args); }
 };
 
 const std::string kBothReferences =
