@@ -14,26 +14,8 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 most=10000
 
-# The files of compare_bench.sh: five doubling doses, 50 individuals each; each line
-# starts 1% higher than the one before and its responses move by one individual.
-awk -v lines="$most" -v dir="$work" 'BEGIN {
-    split("5 14 26 38 46", base, " ")
-    for (i = 1; i <= lines; i++) {
-        file = sprintf("%s/line%05d.mrv", dir, i)
-        printf "2,\"\",\"\",\"\",\"\",\"\"\r\n" > file
-        printf "1,0,\"mg\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n" > file
-        printf "7,6\r\n" > file
-        first = 1.01 ^ i
-        for (k = 0; k < 5; k++) {
-            dose = first * 2 ^ k
-            responded = base[k + 1] + (i + k) % 3 - 1
-            printf "\"T\",\"%.15g\",\"50\",\"%d\",\"%.3f\",\"%.11fT\",", dose, responded,
-                   responded / 50 * 100, dose ^ 0.01 > file
-        }
-        printf "\"T\",\"\",\"\",\"\"\r\n" > file
-        close(file)
-    }
-}'
+# The files: see write_line_files.sh.
+"$(dirname "$0")/write_line_files.sh" "$work" "$most" 5
 
 run() {
     local lines=$1

@@ -119,42 +119,7 @@ Box ReductionCalculator::OK(Tab tab) {
         return Box::Text9;
     double result = 0;
     try {
-        switch (tab) {
-            case Tab::Abbott:
-                if (valueOf(Box::Text9) < 0)
-                    refuse(Box::Text9, std::string(kTreated) + kGreaterThanZero);
-                if (valueOf(Box::Text10) <= 0)
-                    refuse(Box::Text10, std::string(kControl) + kGreaterThanZero);
-                result = (1 - valueOf(Box::Text9) / valueOf(Box::Text10)) * 100;
-                break;
-            case Tab::HendersonTilton:
-                if (valueOf(Box::Text4) == 0)
-                    refuse(Box::Text4, kNoZero);
-                if (valueOf(Box::Text7) == 0)
-                    refuse(Box::Text7, kNoZero);
-                result = (1 - (valueOf(Box::Text6) * valueOf(Box::Text5)) /
-                                  (valueOf(Box::Text4) * valueOf(Box::Text7))) *
-                         100;
-                break;
-            case Tab::SchneiderOrelli: {
-                const double treated = valueOf(Box::Text1);
-                if (treated < 0 || treated > 100)
-                    refuse(Box::Text1, std::string(kTreated) + kBetweenZeroAndHundred);
-                const double control = valueOf(Box::Text2);
-                if (control < 0 || control >= 100)
-                    refuse(Box::Text2, std::string(kControl) + kBetweenZeroAndHundred);
-                result = (treated - control) / (100 - control) * 100;
-                break;
-            }
-            case Tab::SunShepard:
-                if (valueOf(Box::Text13) == 100)
-                    refuse(Box::Text13, std::string(kChangeInControl) + kNotHundred);
-                result = (valueOf(Box::Text12) + valueOf(Box::Text13)) /
-                         (valueOf(Box::Text13) + 100) * 100;
-                break;
-            case Tab::Guide:
-                break;
-        }
+        result = resultOf(tab);
         // A division by 0 (Sun-Shepard's change of -100) or an overflow has no result:
         // it is refused with the message of a value that doesn't convert.
         if (!std::isfinite(result))
@@ -165,7 +130,50 @@ Box ReductionCalculator::OK(Tab tab) {
             port_.tell(kInvalidValue);
         return refusal.box;
     }
+    addResultRow(tab, boxes, result);
+    return boxes.front();
+}
 
+// The formula of a tab over its boxes, after their checks in order; a box that fails
+// its check or holds no number throws a Refusal.
+double ReductionCalculator::resultOf(Tab tab) {
+    switch (tab) {
+        case Tab::Abbott:
+            if (valueOf(Box::Text9) < 0)
+                refuse(Box::Text9, std::string(kTreated) + kGreaterThanZero);
+            if (valueOf(Box::Text10) <= 0)
+                refuse(Box::Text10, std::string(kControl) + kGreaterThanZero);
+            return (1 - valueOf(Box::Text9) / valueOf(Box::Text10)) * 100;
+        case Tab::HendersonTilton:
+            if (valueOf(Box::Text4) == 0)
+                refuse(Box::Text4, kNoZero);
+            if (valueOf(Box::Text7) == 0)
+                refuse(Box::Text7, kNoZero);
+            return (1 - (valueOf(Box::Text6) * valueOf(Box::Text5)) /
+                            (valueOf(Box::Text4) * valueOf(Box::Text7))) *
+                   100;
+        case Tab::SchneiderOrelli: {
+            const double treated = valueOf(Box::Text1);
+            if (treated < 0 || treated > 100)
+                refuse(Box::Text1, std::string(kTreated) + kBetweenZeroAndHundred);
+            const double control = valueOf(Box::Text2);
+            if (control < 0 || control >= 100)
+                refuse(Box::Text2, std::string(kControl) + kBetweenZeroAndHundred);
+            return (treated - control) / (100 - control) * 100;
+        }
+        case Tab::SunShepard:
+            if (valueOf(Box::Text13) == 100)
+                refuse(Box::Text13, std::string(kChangeInControl) + kNotHundred);
+            return (valueOf(Box::Text12) + valueOf(Box::Text13)) / (valueOf(Box::Text13) + 100) *
+                   100;
+        case Tab::Guide:
+            break;
+    }
+    return 0;
+}
+
+// The boxes and the result go into a new last row of the tab's table.
+void ReductionCalculator::addResultRow(Tab tab, const std::vector<Box>& boxes, double result) {
     TextTable& grid = table(tab);
     const int row = grid.rows() - 1;
     grid.setCurrent(row, 0);
@@ -174,7 +182,6 @@ Box ReductionCalculator::OK(Tab tab) {
         grid.setText(row, static_cast<int>(i) + 1, PlainText(valueOf(boxes[i])));
     grid.setText(row, grid.cols() - 1, FormatNumber(result, "0.00"));
     grid.addRow();
-    return boxes.front();
 }
 
 Box ReductionCalculator::EraseAll(Tab tab) {

@@ -98,6 +98,8 @@ class ReductionCalculator {
     };
     double valueOf(Box box) const;  // throws Refusal when the text holds no number
     void refuse(Box box, const std::string& text);
+    double resultOf(Tab tab);  // throws Refusal
+    void addResultRow(Tab tab, const std::vector<Box>& boxes, double result);
     TextTable& table(Tab tab);
 
     UserPort& port_;

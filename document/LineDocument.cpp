@@ -32,8 +32,13 @@ void LineDocument::refuse(const Refusal& refusal) {
     setFocus(refusal.focus);
 }
 
-void LineDocument::tellStopped(const std::exception& fault) {
-    port_.tell(StoppedCommandMessage(fault.what()));
+void LineDocument::runCommand(const std::function<void()>& command) {
+    try {
+        command();
+    } catch (const std::exception& e) {
+        port_.tell(StoppedCommandMessage(e.what()));
+    }
+    notify();
 }
 
 std::string StoppedCommandMessage(const std::string& reason) {
@@ -82,7 +87,7 @@ void LineDocument::setTextName(std::string text) {
 // ---- Data entry.
 
 void LineDocument::CommandAccept() {
-    try {
+    runCommand([this] {
         if (std::optional<Refusal> refusal =
                 table_.CheckTypedRow(options_.tableRules(), shared_.DoseWord)) {
             refuse(*refusal);
@@ -92,10 +97,7 @@ void LineDocument::CommandAccept() {
             file_.MarkChanged();
             setFocus(Focus::TextDose);
         }
-    } catch (const std::exception& e) {
-        tellStopped(e);
-    }
-    notify();
+    });
 }
 
 bool LineDocument::AcceptRow() {
@@ -110,21 +112,18 @@ bool LineDocument::AcceptRow() {
 }
 
 void LineDocument::CommandEdit() {
-    try {
+    runCommand([this] {
         if (const std::optional<int> row = table_.CurrentDataRow()) {
             table_.EditRow(*row, options_.tableRules());
             notify();
             setFocus(Focus::Text1input);
             file_.MarkChanged();
         }
-    } catch (const std::exception& e) {
-        tellStopped(e);
-    }
-    notify();
+    });
 }
 
 void LineDocument::CommandDel() {
-    try {
+    runCommand([this] {
         if (const std::optional<int> row = table_.CurrentDataRow()) {
             const std::string& response = Grid1().text(*row, table_.layout().PercentColumn);
             const Message question{
@@ -137,10 +136,7 @@ void LineDocument::CommandDel() {
             }
         }
         setFocus(Focus::TextDose);
-    } catch (const std::exception& e) {
-        tellStopped(e);
-    }
-    notify();
+    });
 }
 
 void LineDocument::RebuildResponseTable() {

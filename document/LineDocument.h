@@ -26,6 +26,7 @@
 // leave the handling to their caller.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -247,8 +248,9 @@ class LineDocument {
     void setFocus(Focus focus);
     // Tells a refused row and puts the focus back in its cell.
     void refuse(const Refusal& refusal);
-    // Tells the user of a command stopped by a fault; nothing was changed.
-    void tellStopped(const std::exception& fault);
+    // Runs one command of the table and shows the document again; a command stopped by a
+    // fault is told to the user, and the data stay as they were.
+    void runCommand(const std::function<void()>& command);
     std::string doseHeading() const;
 
     // The OK routine of the options dialog, in its steps.

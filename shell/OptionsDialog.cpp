@@ -10,6 +10,7 @@
 #include "shell/Program.h"
 #include "shell/QuoteGuard.h"
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 namespace morvane {
 namespace {
@@ -64,9 +65,7 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     a->addWidget(new QLabel("per", adjust), 1, 2, Qt::AlignCenter);
     a->addWidget(comboUnit2_, 1, 3);
     labelUnits_ = new QLabel(adjust);
-    QFont unitFont = labelUnits_->font();
-    unitFont.setBold(true);
-    labelUnits_->setFont(unitFont);
+    MakeBold(*labelUnits_);
     a->addWidget(labelUnits_, 2, 1, 1, 3);
     a->setRowStretch(3, 1);
     tab1_->addTab(adjust, "Adjust units");

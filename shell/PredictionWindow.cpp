@@ -10,6 +10,7 @@
 #include <exception>
 
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 namespace morvane {
 namespace {
@@ -178,13 +179,8 @@ void PredictionWindow::moveTo(std::optional<Box> box) {
 void PredictionWindow::boxLeft(Box box) {
     if (refreshing_)
         return;
-    QWidget* next = QApplication::focusWidget();
-    if (!next || next->window() != this)
-        return;
-    const bool ok = calculator_.leave(box);
-    refresh();
-    if (!ok)
-        focusBox(box);
+    LeaveBoxWithin(
+        *this, [&] { return calculator_.leave(box); }, [&] { refresh(); }, [&] { focusBox(box); });
 }
 
 void PredictionWindow::press(Button button) {

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 namespace morvane {
 namespace {
@@ -16,14 +17,10 @@ constexpr double kStripHeight = 1300;  // twips: the panel's path and its own he
 constexpr double kPanelHeight = 300;
 
 QLabel* ResultLabel(QWidget* parent) {
-    auto* label = new QLabel(parent);
+    QLabel* label = ValueLabel(parent);
     label->setFrameShape(QFrame::StyledPanel);
     label->setMinimumWidth(PixelsX(*label, 1500));
     label->setAlignment(Qt::AlignCenter);
-    QFont f = label->font();
-    f.setBold(true);
-    label->setFont(f);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }
 

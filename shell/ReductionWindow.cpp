@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 namespace morvane {
 namespace {
@@ -304,13 +305,8 @@ void ReductionWindow::focusBox(Box box) {
 void ReductionWindow::boxLeft(Box box) {
     if (refreshing_)
         return;
-    QWidget* next = QApplication::focusWidget();
-    if (!next || next->window() != this)
-        return;
-    const bool ok = calculator_.leave(box);
-    refresh();
-    if (!ok)
-        focusBox(box);
+    LeaveBoxWithin(
+        *this, [&] { return calculator_.leave(box); }, [&] { refresh(); }, [&] { focusBox(box); });
 }
 
 void ReductionWindow::runOK(Tab tab) {

@@ -16,26 +16,10 @@
 #include "results/ResultsLayout.h"
 #include "shell/Program.h"
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 namespace morvane {
 namespace {
-
-// The icon of Image1: two arrows apart, a column made to fit.
-QIcon FitColumnsIcon() {
-    QPixmap pixmap(22, 22);
-    pixmap.fill(Qt::transparent);
-    QPainter p(&pixmap);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(40, 60, 100), 1.6));
-    p.drawLine(3, 4, 3, 18);
-    p.drawLine(19, 4, 19, 18);
-    p.drawLine(6, 11, 16, 11);
-    p.drawLine(6, 11, 9, 8);
-    p.drawLine(6, 11, 9, 14);
-    p.drawLine(16, 11, 13, 8);
-    p.drawLine(16, 11, 13, 14);
-    return QIcon(pixmap);
-}
 
 // A tab caption on two lines, broken at the space nearest its middle, so that both
 // captions of the narrow query panel can be read in full.
@@ -50,15 +34,6 @@ QString TwoLines(const std::string& caption) {
     if (best > 0)
         text[best] = '\n';
     return text;
-}
-
-QLabel* ValueLabel(QWidget* parent) {
-    auto* label = new QLabel(parent);
-    QFont f = label->font();
-    f.setBold(true);
-    label->setFont(f);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
 }
 
 }  // namespace

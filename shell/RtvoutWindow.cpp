@@ -17,6 +17,7 @@
 #include "shell/Program.h"
 #include "shell/RtvinWindow.h"
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 namespace morvane {
 namespace {
@@ -26,22 +27,6 @@ constexpr double kLegendSampleHeight = 240;
 // Alignments of the grid: right-centre for numbers, centre-centre for the marks.
 constexpr Alignment kRightCentre = 7;
 constexpr Alignment kCentreCentre = 4;
-
-QIcon FitColumnsIcon() {
-    QPixmap pixmap(22, 22);
-    pixmap.fill(Qt::transparent);
-    QPainter p(&pixmap);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(40, 60, 100), 1.6));
-    p.drawLine(3, 4, 3, 18);
-    p.drawLine(19, 4, 19, 18);
-    p.drawLine(6, 11, 16, 11);
-    p.drawLine(6, 11, 9, 8);
-    p.drawLine(6, 11, 9, 14);
-    p.drawLine(16, 11, 13, 8);
-    p.drawLine(16, 11, 13, 14);
-    return QIcon(pixmap);
-}
 
 }  // namespace
 

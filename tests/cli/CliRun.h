@@ -11,7 +11,10 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "support/TestFiles.h"
 
 namespace morvane::testing {
 
@@ -20,39 +23,6 @@ struct CliResult {
     std::string err;
     int status = -1;
 };
-
-// A folder under the system's temporary folder, removed with its files at the end.
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "morvane-cli-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr)
-            ADD_FAILURE() << "no temporary folder";
-        path_ = pattern;
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    const std::filesystem::path& path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
-
-inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
-    std::ofstream file(path, std::ios::binary);
-    file << bytes;
-}
-
-inline std::string ReadBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 // A word for the shell, in single quotes.
 inline std::string ShellWord(const std::string& word) {
@@ -91,5 +61,33 @@ inline std::string CurrentLineFile(const std::string& options, int columns,
             text += "\"" + cell + "\",";
     return text + notes + "\r\n";
 }
+
+// A test of morvane-cli in a folder of its own. expectRun runs the tool with the
+// words of its command (none for the tool's own options) before the arguments, and
+// compares its whole standard output, standard error and exit status.
+class CliTest : public ::testing::Test {
+  protected:
+    explicit CliTest(std::vector<std::string> command = {}) : command_(std::move(command)) {}
+
+    CliResult run(const std::vector<std::string>& args) const {
+        std::vector<std::string> all = command_;
+        all.insert(all.end(), args.begin(), args.end());
+        return RunCli(all, folder.path());
+    }
+    void expectRun(const std::vector<std::string>& args, const std::string& out,
+                   const std::string& err, int status) const {
+        const CliResult result = run(args);
+        EXPECT_EQ(result.out, out);
+        EXPECT_EQ(result.err, err);
+        EXPECT_EQ(result.status, status);
+    }
+    // What --help prints.
+    std::string usage() const { return RunCli({"--help"}, folder.path()).out; }
+
+    TempFolder folder;
+
+  private:
+    std::vector<std::string> command_;
+};
 
 }  // namespace morvane::testing

@@ -23,6 +23,7 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::CurrentLineFile;
 using testing::RunCli;
 using testing::TempFolder;
@@ -63,15 +64,16 @@ std::vector<Dose> Doubling(double first, std::vector<double> responded) {
 
 const std::vector<double> kSusceptibleResponses = {5, 14, 26, 38, 46};
 
-class CompareCliTest : public ::testing::Test {
+class CompareCliTest : public CliTest {
   protected:
+    CompareCliTest() : CliTest({"compare"}) {}
+
     void writeLine(const std::string& name, const std::vector<Dose>& doses,
                    const std::string& options = Options("")) {
         std::vector<std::vector<std::string>> rows;
         for (const Dose& d : doses)
             rows.push_back(Row(d));
-        WriteBytes(folder.path() / name,
-                   CurrentLineFile(options, 6, rows, R"("Treatment","","","")"));
+        WriteBytes(folder.file(name), CurrentLineFile(options, 6, rows, R"("Treatment","","","")"));
     }
     // The lines of these tests: four of good fit, one of ten individuals a dose whose
     // g is 0.7475, and one in LC.
@@ -83,19 +85,7 @@ class CompareCliTest : public ::testing::Test {
         writeLine("small.mrv", {{1, 10, 2}, {2, 10, 6}, {4, 10, 4}, {8, 10, 8}});
         writeLine("as LC.mrv", Doubling(3, {8, 17, 28, 36, 46}), kCustomLC);
     }
-    CliResult compare(std::vector<std::string> args) {
-        args.insert(args.begin(), "compare");
-        return RunCli(args, folder.path());
-    }
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        const CliResult result = compare(args);
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
-
-    TempFolder folder;
+    CliResult compare(const std::vector<std::string>& args) const { return run(args); }
 };
 
 const std::string kBothReferences =
@@ -173,9 +163,8 @@ TEST_F(CompareCliTest, NamedAndLastReferencesWithTheSlopesErrorAndFurtherPercent
 
 TEST_F(CompareCliTest, OfTwoLinesOfOneNameTheLastInSortedOrderIsTheReference) {
     writeStandardLines();
-    std::filesystem::create_directory(folder.path() / "2024");
-    std::filesystem::copy_file(folder.path() / "resistant.mrv",
-                               folder.path() / "2024" / "susceptible.mrv");
+    std::filesystem::create_directory(folder.file("2024"));
+    std::filesystem::copy_file(folder.file("resistant.mrv"), folder.file("2024/susceptible.mrv"));
     expectRun({"--rr-ref", "susceptible", "--no-index", "--no-limits", "--no-slope", "--no-add",
                "2024/susceptible.mrv", "susceptible.mrv", "lab.mrv"},
               "No\tLine name\tLD50\tRR\n"
@@ -205,7 +194,7 @@ TEST_F(CompareCliTest, AFileThatCantBeOpenedInTheMiddleEndsTheComparison) {
 
 TEST_F(CompareCliTest, AFolderIsNamedAsAFolder) {
     writeStandardLines();
-    std::filesystem::create_directory(folder.path() / "2024");
+    std::filesystem::create_directory(folder.file("2024"));
     expectRun({"susceptible.mrv", "2024"}, "",
               "compare: \"2024\" is a folder; compare wants line files. Name the files, for "
               "example \"2024/*.mrv\".\n",
@@ -362,7 +351,7 @@ TEST_F(CompareCliTest, AReferenceThatNamesNoLineIsRefused) {
 
 TEST_F(CompareCliTest, AFileTitleTooShortForANameIsRefused) {
     writeStandardLines();
-    std::filesystem::copy_file(folder.path() / "susceptible.mrv", folder.path() / "ab");
+    std::filesystem::copy_file(folder.file("susceptible.mrv"), folder.file("ab"));
     const CliResult result = compare({"susceptible.mrv", "ab"});
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "An error was occurred while opening this file.\nInvalid argument\n");

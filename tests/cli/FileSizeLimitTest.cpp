@@ -8,7 +8,7 @@ namespace {
 
 TEST(FileSizeLimitTest, OutputPastTheLimitIsAFailureNotASignal) {
     TempFolder folder;
-    const std::string out = (folder.path() / "usage.txt").string();
+    const std::string out = folder.file("usage.txt");
     // One block of at most 1,024 bytes; the usage is longer.
     const std::string command = "ulimit -f 1 && exec " + ShellWord(MORVANE_CLI_PATH) + " --help >" +
                                 ShellWord(out) + " 2>/dev/null </dev/null";

@@ -9,7 +9,7 @@ const char* const kOptions = "1,0,\"mg\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",
 
 TEST(HugeNumbersCliTest, AnEstimateThatOverflowsStopsTheCalculation) {
     TempFolder folder;
-    WriteBytes(folder.path() / "flat.mrv",
+    WriteBytes(folder.file("flat.mrv"),
                CurrentLineFile(kOptions, 6,
                                {{"T", "1", "100", "40", "40.000", "1.00000000000T"},
                                 {"T", "1e100", "100", "50", "50.000", "9.99999999999T"},

@@ -13,6 +13,7 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::RunCli;
 using testing::TempFolder;
 
@@ -43,20 +44,9 @@ const std::string kFlatLine =
     "The slope of this line is 0: every dose gives the same response\nMorvane can't "
     "calculate a dose from it\n";
 
-class PredictCliTest : public ::testing::Test {
+class PredictCliTest : public CliTest {
   protected:
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        std::vector<std::string> all{"predict"};
-        all.insert(all.end(), args.begin(), args.end());
-        const CliResult result = RunCli(all, folder.path());
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
-    std::string usage() { return RunCli({"--help"}, folder.path()).out; }
-
-    TempFolder folder;
+    PredictCliTest() : CliTest({"predict"}) {}
 };
 
 TEST_F(PredictCliTest, TheUsageHasTheCommand) {

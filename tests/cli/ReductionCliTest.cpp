@@ -13,6 +13,7 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::RunCli;
 using testing::TempFolder;
 
@@ -38,20 +39,9 @@ const std::string kHendersonHead =
 const std::string kSchneiderHead = "\tM% in t.\tM% in co.\tcorrected %\n";
 const std::string kSunHead = "\tM% in t\tChange% in co\tcorrected %\n";
 
-class ReductionCliTest : public ::testing::Test {
+class ReductionCliTest : public CliTest {
   protected:
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        std::vector<std::string> all{"reduction"};
-        all.insert(all.end(), args.begin(), args.end());
-        const CliResult result = RunCli(all, folder.path());
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
-    std::string usage() { return RunCli({"--help"}, folder.path()).out; }
-
-    TempFolder folder;
+    ReductionCliTest() : CliTest({"reduction"}) {}
 };
 
 TEST_F(ReductionCliTest, TheUsageHasTheCommand) {

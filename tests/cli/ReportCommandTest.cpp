@@ -18,12 +18,13 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::CurrentLineFile;
 using testing::RunCli;
 using testing::TempFolder;
 using testing::WriteBytes;
 
-class ReportCommandTest : public ::testing::Test {
+class ReportCommandTest : public CliTest {
   protected:
     // Writes a line file of the current layout: the options record, the number of
     // columns of the table, its rows (label, dose, counts or percent, sort key) and
@@ -31,18 +32,8 @@ class ReportCommandTest : public ::testing::Test {
     void writeLineFile(const std::string& name, const std::string& options, int columns,
                        const std::vector<std::vector<std::string>>& rows,
                        const std::string& notes) {
-        WriteBytes(folder.path() / name, CurrentLineFile(options, columns, rows, notes));
+        WriteBytes(folder.file(name), CurrentLineFile(options, columns, rows, notes));
     }
-
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        const CliResult result = RunCli(args, folder.path());
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
-
-    TempFolder folder;
 };
 
 // --- Lines that are calculated --------------------------------------------------------
@@ -415,7 +406,7 @@ TEST_F(ReportCommandTest, ReverseSlopeIsCalculatedAndItsQueriesAnswerFalseOutsid
 // for the control), the first value of each in row 5. It reads into the same line.
 TEST_F(ReportCommandTest, OlderLayoutReadsIntoTheSameLine) {
     const std::string empty12 = R"("","","","","","","","","","","","")";
-    WriteBytes(folder.path() / "older.mrv",
+    WriteBytes(folder.file("older.mrv"),
                "1,0,0,0,0,0\r\n"
                R"(1,"mg",0,"L",2,0,0,5,11,"","Dose","LD","",0,"0.05","","",0,0,0,"","")"
                "\r\n"
@@ -624,7 +615,7 @@ TEST_F(ReportCommandTest, MissingFileIsAnOpeningError) {
 }
 
 TEST_F(ReportCommandTest, FileThatIsNoLineFileIsAnOpeningError) {
-    WriteBytes(folder.path() / "notes.mrv", "hello\r\n");
+    WriteBytes(folder.file("notes.mrv"), "hello\r\n");
     expectRun({"report", "notes.mrv"}, "",
               "An error occurred while opening this file.\n\"hello\" is not a number (line 1, "
               "field 1)\n",
@@ -632,7 +623,7 @@ TEST_F(ReportCommandTest, FileThatIsNoLineFileIsAnOpeningError) {
 }
 
 TEST_F(ReportCommandTest, FileThatEndsEarlyIsAnOpeningError) {
-    WriteBytes(folder.path() / "short.mrv", "2,\"\",\"\",\"\",\"\",\"\"\r\n");
+    WriteBytes(folder.file("short.mrv"), "2,\"\",\"\",\"\",\"\",\"\"\r\n");
     expectRun({"report", "short.mrv"}, "",
               "An error occurred while opening this file.\nthe file ends before its last field "
               "(line 2, field 1)\n",

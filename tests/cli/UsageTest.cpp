@@ -11,6 +11,7 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
+using testing::CliTest;
 using testing::RunCli;
 using testing::TempFolder;
 
@@ -45,15 +46,8 @@ const std::string kUsageFoot =
     "Exit status: 0 done; 1 the line could not be calculated, the reason told on\n"
     "standard error; 2 a file that could not be read, or wrong usage.\n";
 
-class UsageTest : public ::testing::Test {
+class UsageTest : public CliTest {
   protected:
-    void expectRun(const std::vector<std::string>& args, const std::string& out,
-                   const std::string& err, int status) {
-        const CliResult result = RunCli(args, folder.path());
-        EXPECT_EQ(result.out, out);
-        EXPECT_EQ(result.err, err);
-        EXPECT_EQ(result.status, status);
-    }
     // The whole usage, as --help prints it; its head, the report block and the foot
     // are checked here, the blocks of other commands by their own tests.
     std::string usage() {
@@ -62,8 +56,6 @@ class UsageTest : public ::testing::Test {
         EXPECT_TRUE(help.out.ends_with(kUsageFoot)) << help.out;
         return help.out;
     }
-
-    TempFolder folder;
 };
 
 TEST_F(UsageTest, HelpPrintsTheUsage) {

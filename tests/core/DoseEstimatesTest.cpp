@@ -7,25 +7,19 @@
 #include "core/LineCalculation.h"
 #include "core/LineFit.h"
 #include "core/NumberText.h"
+#include "support/HandLine.h"
 #include "support/ScriptedUserPort.h"
 
 namespace morvane {
 namespace {
 
 using testing::ScriptedUserPort;
+using testing::SetHandLine;
 
 // A line through probit 5 at dose 10 with slope 2, DoseScale 1.
 SharedRegisters LineThroughTen() {
     SharedRegisters s;
-    s.fit.DoseScale = 1;
-    s.fit.Slope = 2;
-    s.fit.MeanLogDose = 1;
-    s.fit.MeanProbit = 5;
-    s.fit.SumSquaresLogDose = 4;
-    s.fit.SumWeights = 100;
-    s.fit.HeterogeneityFactor = 1;
-    s.fit.TValue = 1.96;
-    s.fit.GValue = 0.1;
+    SetHandLine(s.fit, {.g = 0.1});
     return s;
 }
 

@@ -5,22 +5,17 @@
 
 #include "core/DoseEstimates.h"
 #include "core/SharedRegisters.h"
+#include "support/HandLine.h"
 
 namespace morvane {
 namespace {
 
+using testing::SetHandLine;
+
 // A line through 10^300 at 50%, with its limits as wide as its weights are small.
 SharedRegisters LineNearTheLargest(double sumWeights) {
     SharedRegisters s;
-    s.fit.DoseScale = 1;
-    s.fit.Slope = 1;
-    s.fit.MeanLogDose = 300;
-    s.fit.MeanProbit = 5;
-    s.fit.SumSquaresLogDose = 4;
-    s.fit.SumWeights = sumWeights;
-    s.fit.HeterogeneityFactor = 1;
-    s.fit.TValue = 1.96;
-    s.fit.GValue = 0.1;
+    SetHandLine(s.fit, {.slope = 1, .meanLogDose = 300, .sumWeights = sumWeights, .g = 0.1});
     return s;
 }
 

@@ -55,7 +55,7 @@ TEST_F(DocumentStateTest, SavedOrOpened) {
     port.saveAnswers.push_back(path);
     doc.CommandSave();
     ExpectState(doc, {path, "state.mrv", 0, false});
-    LineDocument opened(shared, port, folder.path);
+    LineDocument opened(shared, port, folder.path());
     ASSERT_TRUE(opened.OpenLineFile(path));
     ExpectState(opened, {path, "state.mrv", 0, false});
 }

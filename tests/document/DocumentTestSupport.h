@@ -15,48 +15,14 @@
 #include "document/FileBytes.h"
 #include "document/LineDocument.h"
 #include "support/ScriptedUserPort.h"
+#include "support/TestFiles.h"
 
 namespace morvane::testing {
-
-// A folder made for one test and removed after it.
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "morvane-doc-XXXXXX").string();
-        path = mkdtemp(pattern.data());
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::permissions(path, std::filesystem::perms::owner_all,
-                                     std::filesystem::perm_options::add, ignored);
-        std::filesystem::remove_all(path, ignored);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    std::string file(const std::string& name) const { return path + "/" + name; }
-    std::string path;
-};
 
 inline std::string FixturePath(const std::string& name) {
     return std::string(MORVANE_DOCUMENT_FIXTURES) + "/" + name;
 }
 
-inline std::string ReadBytes(const std::string& path) {
-    return ReadFileBytes(path);
-}
-
-// Writes the file anew. It is removed first: rewriting a file in place makes some file
-// systems flush it to the disk on closing, which thousands of writes can't afford.
-inline void WriteBytes(const std::string& path, const std::string& bytes) {
-    std::error_code ignored;
-    std::filesystem::remove(path, ignored);
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << bytes;
-}
-
-// Two tables hold the same cells: size, texts and colours (not the current cell).
 inline ::testing::AssertionResult SameCells(const TextTable& a, const TextTable& b) {
     if (a.rows() != b.rows() || a.cols() != b.cols())
         return ::testing::AssertionFailure()
@@ -158,7 +124,7 @@ class DocumentTest : public ::testing::Test {
     SharedRegisters shared;
     ScriptedUserPort port;
     TempFolder folder;
-    LineDocument doc{shared, port, folder.path};
+    LineDocument doc{shared, port, folder.path()};
     RecordingObserver observer;
 };
 

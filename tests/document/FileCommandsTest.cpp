@@ -68,7 +68,7 @@ TEST_F(FileCommandsTest, SaveAsksForANameAndGivesTheSavedState) {
     EXPECT_EQ(port.saveDialogs.size(), 1u);
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(doc.file().Modified(), 0);
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_EQ(other.Grid1().rows(), 5);
 }
@@ -220,7 +220,7 @@ TEST_F(FileCommandsTest, AFailedSaveLeavesTheOldFileAndTheState) {
     EXPECT_EQ(doc.main().PendingCommand, MainCommand::None);
     EXPECT_EQ(doc.file().FilePath(), path);
     int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
         (void)entry;
         ++files;
     }
@@ -441,7 +441,7 @@ TEST_F(FileCommandsTest, AMissingFileGivesTheOpeningMessageAndAnEmptyDocument) {
 }
 
 TEST_F(FileCommandsTest, AFolderIsNoLineFile) {
-    EXPECT_FALSE(doc.OpenLineFile(folder.path));
+    EXPECT_FALSE(doc.OpenLineFile(folder.path()));
     EXPECT_EQ(LastMessage(), "An error occurred while opening this file.\nIs a directory");
 }
 

@@ -19,7 +19,7 @@ class FuzzReaderTest : public DocumentTest {
         SharedRegisters shared;
         ScriptedUserPort port;
         TempFolder folder;
-        LineDocument doc(shared, port, folder.path);
+        LineDocument doc(shared, port, folder.path());
         doc.CommandNew();
         doc.fileOptionsControls().setComboUnit1("hour", shared);
         doc.fileOptionsControls().controls.Check2 = 1;
@@ -88,7 +88,7 @@ class FuzzReaderTest : public DocumentTest {
                 const TextTable grid1 = doc.Grid1();
                 const std::string again = folder.file("again.mrv");
                 WriteBytes(again, WriteLineFile(doc.fileOptions().controls, grid1, doc.notes()));
-                LineDocument other(shared, port, folder.path);
+                LineDocument other(shared, port, folder.path());
                 EXPECT_TRUE(other.OpenLineFile(again)) << port.messages.back().text;
                 EXPECT_TRUE(SameCells(other.Grid1(), grid1));
             }

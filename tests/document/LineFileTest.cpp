@@ -42,7 +42,7 @@ TEST_F(LineFileTest, WorkedFileReadsBackIntoTheSameGrids) {
     const TextTable typed1 = doc.Grid1();
     const TextTable typed2 = doc.Grid2();
 
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(FixturePath("worked-type1.mrv")));
     EXPECT_EQ(other.Grid1().dump(), typed1.dump());
     EXPECT_EQ(other.Grid2().dump(), typed2.dump());
@@ -101,7 +101,7 @@ TEST_P(RoundTripTest, SavedLineReadsBackIntoTheSameDocument) {
 
     SharedRegisters otherShared;
     ScriptedUserPort otherPort;
-    LineDocument other(otherShared, otherPort, folder.path);
+    LineDocument other(otherShared, otherPort, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path)) << otherPort.texts().back();
     EXPECT_TRUE(otherPort.messages.empty());
     EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
@@ -142,7 +142,7 @@ TEST_F(LineFileTest, AnEmptyTableIsStoredAsTwoRowsAndTheNotesOnly) {
         ReadBytes(path),
         "2,\"\",\"\",\"\",\"\",\"\"\r\n0,0,\"mg\",\"\",1,\"Dose\",\"LD\",\"\",0,\"0.05\",0,0\r\n"
         "2,7\r\n\"Empty\",\"\",\"\",\"\"\r\n");
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_EQ(other.Grid1().rows(), 2);
     EXPECT_EQ(other.Grid1().cols(), 7);
@@ -158,7 +158,7 @@ TEST_F(LineFileTest, ADoubleQuoteInANoteIsWrittenAsItStandsAndSpoilsReading) {
     WriteBytes(path, WriteLineFile(doc.fileOptions().controls, doc.Grid1(), doc.notes()));
     const std::string bytes = ReadBytes(path);
     EXPECT_NE(bytes.find("\"Dose \"A\", second\",\"\",\"\",\"\"\r\n"), std::string::npos);
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path));
     // The name ends at its second quote, and what follows the comma inside it takes the
     // place of the next note.
@@ -227,7 +227,7 @@ TEST_F(LineFileTest, MoreThan32767RowsCannotBeReadBack) {
     WriteBytes(path, WriteLineFile(doc.fileOptions().controls, doc.Grid1(), doc.notes()));
     EXPECT_NE(ReadBytes(path).find("\r\n32771,4\r\n"), std::string::npos);
     port.messages.clear();
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     EXPECT_FALSE(other.OpenLineFile(path));
     EXPECT_EQ(LastMessage(),
               "An error occurred while opening this file.\nthe number 32771 is too large for its "
@@ -245,7 +245,7 @@ TEST_F(LineFileTest, The32767RowsThatFitAreReadBack) {
     }
     doc.RebuildResponseTable();
     const std::string path = SaveAs("fits.mrv");
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_EQ(other.Grid1().rows(), 32767);
     EXPECT_TRUE(SameCells(other.Grid2(), doc.Grid2()));
@@ -262,7 +262,7 @@ TEST_F(LineFileTest, AnOlderFileIsReadIntoTheSameRowsAsTypedOnes) {
 
     SharedRegisters otherShared;
     ScriptedUserPort otherPort;
-    LineDocument other(otherShared, otherPort, folder.path);
+    LineDocument other(otherShared, otherPort, folder.path());
     ASSERT_TRUE(other.OpenLineFile(FixturePath("older-type1.mrv")));
     ASSERT_EQ(otherPort.messages.size(), 1u);
     EXPECT_EQ(otherPort.messages[0].text, OlderVersionLines("older-type1.mrv"));
@@ -295,7 +295,7 @@ TEST_F(LineFileTest, AnOlderTimeFileTakesTheControlsOfItsSecondTable) {
     Type("4", "15", "5");
     Type("1", "1", "19", true);
     Type("2", "2", "18", true);
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(FixturePath("older-time.mrv")));
     EXPECT_TRUE(other.ControlPerTreatment());
     EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
@@ -327,7 +327,7 @@ TEST_F(LineFileTest, AnOlderFileIsSavedInTheCurrentLayout) {
     EXPECT_TRUE(port.saveDialogs.empty());
     EXPECT_EQ(doc.file().OlderVersionFile(), 0);
     EXPECT_EQ(ReadBytes(path).substr(0, 18), "2,\"\",\"\",\"\",\"\",\"\"\r\n");
-    LineDocument again(shared, port, folder.path);
+    LineDocument again(shared, port, folder.path());
     port.messages.clear();
     ASSERT_TRUE(again.OpenLineFile(path));
     EXPECT_TRUE(port.messages.empty());

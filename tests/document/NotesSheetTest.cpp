@@ -127,7 +127,7 @@ TEST_F(NotesSheetTest, ADoubleQuoteInANoteSpoilsTheFile) {
     // Saving refuses the quote; the writer itself writes it as it stands.
     const std::string path = folder.file("spoiled.mrv");
     WriteBytes(path, WriteLineFile(doc.fileOptions().controls, doc.Grid1(), doc.notes()));
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_EQ(other.notes().TreatedTarget, "the ");
     EXPECT_EQ(other.notes().ExperimentDate, "strain\"");

@@ -10,7 +10,7 @@ namespace {
 class OptionsTest : public DocumentTest {
   protected:
     FileOptions& dialog() { return doc.fileOptionsControls(); }
-    std::string DefaultsPath() const { return DefaultsFilePath(folder.path); }
+    std::string DefaultsPath() const { return DefaultsFilePath(folder.path()); }
 };
 
 TEST_F(OptionsTest, TheDialogStartsWithTheFirstDataTypeAndAlphaFiveHundredths) {
@@ -287,7 +287,7 @@ TEST_F(OptionsTest, DefaultsAreSavedFromTheVisibleDialogWhenAsked) {
               "1,0,\"ug\",\"L\",2,\"Dose\",\"LD\",\"\",0,\"0.01\",1,1\r\n");
 
     // The next New loads them into the dialog.
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     other.CommandNew();
     EXPECT_EQ(other.fileOptions().controls.ComboDataType, 1);
     EXPECT_EQ(other.fileOptions().controls.ComboUnit2, "L");
@@ -355,21 +355,21 @@ TEST_F(OptionsTest, ADefaultsFileOfNonsenseTellsToo) {
 }
 
 TEST_F(OptionsTest, DefaultsLiveInTheProgramFolderOrElseInTheUserConfiguration) {
-    EXPECT_EQ(DefaultsFilePath(folder.path), folder.path + "/ldDef");
-    EXPECT_EQ(DefaultsFilePath(folder.path + "/"), folder.path + "/ldDef");
+    EXPECT_EQ(DefaultsFilePath(folder.path()), folder.path() + "/ldDef");
+    EXPECT_EQ(DefaultsFilePath(folder.path() + "/"), folder.path() + "/ldDef");
     TempFolder config;
     const char* saved = std::getenv("XDG_CONFIG_HOME");
     const std::string savedText = saved ? saved : "";
-    ::setenv("XDG_CONFIG_HOME", config.path.c_str(), 1);
-    EXPECT_EQ(UserConfigFolder(), config.path + "/morvane");
+    ::setenv("XDG_CONFIG_HOME", config.path().c_str(), 1);
+    EXPECT_EQ(UserConfigFolder(), config.path() + "/morvane");
     const std::string installed = folder.file("not-there");
-    EXPECT_EQ(DefaultsFilePath(installed), config.path + "/morvane/ldDef");
+    EXPECT_EQ(DefaultsFilePath(installed), config.path() + "/morvane/ldDef");
 
     // Saved and loaded in the same place.
     LineDocument installedDoc(shared, port, installed);
     installedDoc.fileOptionsControls().setDataType(DataType::TotalAndResponded);
     installedDoc.SaveOptionDefaults();
-    EXPECT_TRUE(std::filesystem::exists(config.path + "/morvane/ldDef"));
+    EXPECT_TRUE(std::filesystem::exists(config.path() + "/morvane/ldDef"));
     LineDocument again(shared, port, installed);
     again.LoadOptionDefaults();
     EXPECT_EQ(again.fileOptions().controls.ComboDataType, 1);
@@ -443,7 +443,7 @@ TEST_F(OptionsTest, ATimeFileSavedAfterChangeOptionsReopensWithoutTheControlBox)
         ReadBytes(path).find("\r\n0,1,\"hour\",\"\",3,\"Time\",\"LT\",\"hour\",0,\"0.05\",0,0\r\n"),
         std::string::npos);
 
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     ASSERT_TRUE(other.OpenLineFile(path));
     EXPECT_FALSE(other.table().layout().CheckCoVisible);
     EXPECT_EQ(Row(other.Grid1(), 1), "C|2|1|9|10|10.000|1.00695555006C");

@@ -69,7 +69,7 @@ TEST_F(SafeSaveTest, AReadOnlyFileIsRefusedAndKept) {
     EXPECT_EQ(ReadBytes(path), "old content");
     EXPECT_EQ(ModeOf(path), 0444u);
     EXPECT_EQ(doc.file().Modified(), 1);
-    EXPECT_EQ(Entries(folder.path), std::vector<std::string>{"locked.mrv"});
+    EXPECT_EQ(Entries(folder.path()), std::vector<std::string>{"locked.mrv"});
 }
 
 TEST_F(SafeSaveTest, ASymbolicLinkIsFollowedAndStaysALink) {
@@ -170,7 +170,7 @@ TEST_F(SafeSaveTest, AFileWithSeveralHardLinksIsRefused) {
               "links), and saving would part it from the others. Save it under another name.");
     EXPECT_EQ(ReadBytes(path), "old content");
     EXPECT_EQ(ReadBytes(folder.file("two.mrv")), "old content");
-    EXPECT_EQ(Entries(folder.path), (std::vector<std::string>{"one.mrv", "two.mrv"}));
+    EXPECT_EQ(Entries(folder.path()), (std::vector<std::string>{"one.mrv", "two.mrv"}));
 }
 
 TEST_F(SafeSaveTest, ANameOfTheLongestLengthCanBeSaved) {
@@ -179,7 +179,7 @@ TEST_F(SafeSaveTest, ANameOfTheLongestLengthCanBeSaved) {
     SaveTo(folder.file(name));
     EXPECT_EQ(doc.file().Modified(), 0);
     EXPECT_EQ(ReadBytes(folder.file(name)).substr(0, 2), "2,");
-    EXPECT_EQ(Entries(folder.path), std::vector<std::string>{name});
+    EXPECT_EQ(Entries(folder.path()), std::vector<std::string>{name});
 }
 
 TEST_F(SafeSaveTest, APipeIsNoPlaceToSave) {
@@ -190,7 +190,7 @@ TEST_F(SafeSaveTest, APipeIsNoPlaceToSave) {
     EXPECT_EQ(LastMessage(),
               "An error occurred while saving this file.\n\"pipe.mrv\" is a pipe, not a file. "
               "Only plain files can be opened or saved.");
-    EXPECT_EQ(Entries(folder.path), std::vector<std::string>{"pipe.mrv"});
+    EXPECT_EQ(Entries(folder.path()), std::vector<std::string>{"pipe.mrv"});
 }
 
 TEST_F(SafeSaveTest, AWriteBeyondTheFileSizeLimitFailsCleanly) {
@@ -204,7 +204,7 @@ TEST_F(SafeSaveTest, AWriteBeyondTheFileSizeLimitFailsCleanly) {
     EXPECT_THROW(ReplaceFileContents(path, std::string(100, 'x')), FileError);
     ::setrlimit(RLIMIT_FSIZE, &saved);
     EXPECT_EQ(ReadBytes(path), "old content");
-    EXPECT_EQ(Entries(folder.path), std::vector<std::string>{"kept.mrv"});
+    EXPECT_EQ(Entries(folder.path()), std::vector<std::string>{"kept.mrv"});
 }
 
 // ---- The limits of the format, checked before anything is written.

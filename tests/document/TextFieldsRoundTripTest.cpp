@@ -64,7 +64,7 @@ TEST_F(TextFieldsRoundTripTest, TheUnitsAndTheNotesOfTheAdjustedUnitsTab) {
     const LineOptions typed = doc.fileOptions().controls;
     EXPECT_EQ(typed.ComboUnit1, "u1 " + text);
     EXPECT_EQ(typed.ComboUnit2, "u2 " + text);
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     SaveAndReopen(other);
     EXPECT_EQ(other.fileOptions().controls, typed);
     EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));
@@ -82,7 +82,7 @@ TEST_F(TextFieldsRoundTripTest, TheCustomWordsOfTheCustomizedUnitsTab) {
     EXPECT_EQ(typed.Combo5, "factor " + text);
     EXPECT_EQ(typed.Combo6, "abbreviation " + text);
     EXPECT_EQ(typed.Text5, "units " + text);
-    LineDocument other(shared, port, folder.path);
+    LineDocument other(shared, port, folder.path());
     SaveAndReopen(other);
     EXPECT_EQ(other.fileOptions().controls, typed);
     EXPECT_TRUE(SameCells(other.Grid1(), doc.Grid1()));

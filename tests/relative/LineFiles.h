@@ -13,6 +13,8 @@
 #include "core/NumberText.h"
 #include "document/LineDocument.h"
 
+#include "support/TestFiles.h"
+
 namespace morvane::testing {
 
 struct Replicate {
@@ -114,33 +116,6 @@ inline std::string OlderLineFileText(const std::vector<Replicate>& treated,
     text += "\"Older\",\"\",\"\",\"\"\r\n";
     return text;
 }
-
-// A folder of its own under the test's temporary folder, removed with the object.
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string pattern = ::testing::TempDir() + "morvane-lines-XXXXXX";
-        if (::mkdtemp(pattern.data()) == nullptr)
-            std::abort();
-        path_ = pattern;
-    }
-    ~TempFolder() { std::system(("rm -rf '" + path_ + "'").c_str()); }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    const std::string& path() const { return path_; }
-
-    // Writes the text as the file `name` in the folder and returns its path.
-    std::string write(const std::string& name, const std::string& text) const {
-        const std::string file = path_ + "/" + name;
-        std::ofstream out(file, std::ios::binary);
-        out << text;
-        return file;
-    }
-
-  private:
-    std::string path_;
-};
 
 // A line of five doubling doses, 50 individuals each, with the responses given.
 inline LineFileFigures FiveDoses(double firstDose, std::vector<double> responded) {

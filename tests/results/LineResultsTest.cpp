@@ -16,6 +16,7 @@
 #include "core/LineFit.h"
 #include "core/NumberText.h"
 #include "results/LineResults.h"
+#include "support/HandLine.h"
 #include "support/ScriptedUserPort.h"
 
 namespace morvane {
@@ -23,21 +24,7 @@ namespace {
 
 using testing::DoseResponse;
 using testing::ScriptedUserPort;
-
-// A line drawn by hand: probit 5 at dose 10, slope 2, DoseScale 1, with Sxx 4, the
-// sum of weights 100, t 1.96 and h 1.
-void SetHandLine(SharedRegisters& shared, double g = 0.2401) {
-    FitResult& fit = shared.fit;
-    fit.DoseScale = 1;
-    fit.Slope = 2;
-    fit.MeanLogDose = 1;
-    fit.MeanProbit = 5;
-    fit.SumSquaresLogDose = 4;
-    fit.SumWeights = 100;
-    fit.TValue = 1.96;
-    fit.HeterogeneityFactor = 1;
-    fit.GValue = g;
-}
+using testing::SetHandLine;
 
 class LineResultsTest : public ::testing::Test {
   protected:
@@ -112,7 +99,7 @@ TEST_F(LineResultsTest, DataTableWidthsAndAlignments) {
 // --- The estimates table ------------------------------------------------------------
 
 TEST_F(LineResultsTest, StandardRowsOfAHandLine) {
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     results.FormatEstimateTables();
     // 25%: probit 4.3255, log dose (4.3255 - 5 + 2) / 2 = 0.66275, dose 4.59990...
     // 50%: dose 10; S = sqrt(0.7599 / 100), E = 1.96 / (0.7599 * 2) * S = 0.11242,
@@ -132,7 +119,7 @@ TEST_F(LineResultsTest, StandardRowsOfAHandLine) {
 }
 
 TEST_F(LineResultsTest, EstimatesTableWidthsAlignmentsAndHeights) {
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     results.FormatEstimateTables();
     const TextTable& grid2 = results.tables().Grid2;
     ASSERT_EQ(grid2.rows(), 8);
@@ -148,7 +135,7 @@ TEST_F(LineResultsTest, EstimatesTableWidthsAlignmentsAndHeights) {
 }
 
 TEST_F(LineResultsTest, GOfExactlyPointFourLeavesTheLimitCellsEmpty) {
-    SetHandLine(shared, 0.4);
+    SetHandLine(shared.fit, {.g = 0.4});
     results.FormatEstimateTables();
     const TextTable& grid2 = results.tables().Grid2;
     for (int r = 2; r < 8; ++r) {
@@ -160,7 +147,7 @@ TEST_F(LineResultsTest, GOfExactlyPointFourLeavesTheLimitCellsEmpty) {
 }
 
 TEST_F(LineResultsTest, GJustBelowPointFourGivesLimits) {
-    SetHandLine(shared, 0.399);
+    SetHandLine(shared.fit, {.g = 0.399});
     results.FormatEstimateTables();
     EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Lower), "1.3684");
     EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Upper), "5.5142");
@@ -168,7 +155,7 @@ TEST_F(LineResultsTest, GJustBelowPointFourGivesLimits) {
 
 TEST_F(LineResultsTest, ALimitThatRoundsToZeroStaysAnEmptyCell) {
     // Doses 10^6 times smaller: the 1% limits drop under 0.00005 and round to 0.
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     shared.fit.DoseScale = 1000000;
     results.FormatEstimateTables();
     const TextTable& grid2 = results.tables().Grid2;
@@ -185,7 +172,7 @@ TEST_F(LineResultsTest, ALimitThatRoundsToZeroStaysAnEmptyCell) {
 }
 
 TEST_F(LineResultsTest, NegativeSlopeKeepsTheUpperLimitTheLarger) {
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     shared.fit.Slope = -2;
     results.FormatEstimateTables();
     const TextTable& grid2 = results.tables().Grid2;
@@ -198,7 +185,7 @@ TEST_F(LineResultsTest, NegativeSlopeKeepsTheUpperLimitTheLarger) {
 }
 
 TEST_F(LineResultsTest, EstimatesTableStartsAfreshAtEachCalculation) {
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     results.FormatEstimateTables();
     results.tables().Grid2.addRow();
     results.tables().Grid2.setText(8, estimatecol::Percent, "12.5");
@@ -207,7 +194,7 @@ TEST_F(LineResultsTest, EstimatesTableStartsAfreshAtEachCalculation) {
 }
 
 TEST_F(LineResultsTest, StatisticsNamesAndTheChiSquarePicture) {
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     results.FormatEstimateTables();
     const TextTable& grid22 = results.tables().Grid22;
     EXPECT_EQ(grid22.text(statrow::Slope, statcol::Name), "Slope");
@@ -228,7 +215,7 @@ TEST_F(LineResultsTest, QueryCaptionsFollowTheWords) {
     shared.DoseWord = "Time";
     shared.UnitWord = "hour";
     shared.EstimateWord = "LT";
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     results.FormatEstimateTables();
     const QueryPanels& panels = results.queries().panels();
     EXPECT_EQ(panels.SSTab2Caption0, "Calculate any LT value");
@@ -280,7 +267,7 @@ TEST(FixedWidthTextMeasurer, MeasuresTheWidestLine) {
 // --- The channel --------------------------------------------------------------------
 
 TEST_F(LineResultsTest, ChannelCodesBuildTheTables) {
-    SetHandLine(shared);
+    SetHandLine(shared.fit, {});
     const ResultsChannel channel = results.channel();
     channel(0);
     EXPECT_EQ(results.tables().Grid2.text(2, estimatecol::Percent), "");
@@ -408,7 +395,7 @@ class StatisticsTableTest : public LineResultsTest {
     // (three degrees of freedom) or the number of doses given, then builds the
     // estimates table as the channel does.
     void writeStatistics(double slope, double sxx, double syy, double sxy, int doses = 5) {
-        SetHandLine(shared);
+        SetHandLine(shared.fit, {});
         shared.fit.Slope = slope;
         shared.fit.SumSquaresLogDose = sxx;
         CycleSums sums;

@@ -11,12 +11,14 @@
 
 #include "core/NumberText.h"
 #include "results/LineResults.h"
+#include "support/HandLine.h"
 #include "support/ScriptedUserPort.h"
 
 namespace morvane {
 namespace {
 
 using testing::ScriptedUserPort;
+using testing::SetHandLine;
 
 class ResultQueriesTest : public ::testing::Test {
   protected:
@@ -26,16 +28,7 @@ class ResultQueriesTest : public ::testing::Test {
         shared.DoseWord = "Dose";
         shared.UnitWord = "mg";
         shared.EstimateWord = "LD";
-        FitResult& fit = shared.fit;
-        fit.DoseScale = 1;
-        fit.Slope = slope;
-        fit.MeanLogDose = 1;
-        fit.MeanProbit = 5;
-        fit.SumSquaresLogDose = 4;
-        fit.SumWeights = 100;
-        fit.TValue = 1.96;
-        fit.HeterogeneityFactor = 1;
-        fit.GValue = g;
+        SetHandLine(shared.fit, {.slope = slope, .g = g});
         results.Load();
         results.Text1(1);
         results.Activate();
