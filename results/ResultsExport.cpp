@@ -85,12 +85,26 @@ bool WriteExportFile(UserPort& port, const std::string& path, const std::string&
     }
 }
 
-bool SaveSpreadsheet(UserPort& port, const std::function<std::string()>& compose) {
-    const FileDialog dialog{"Save results as spreadsheet", "Excel files (*.xls)|*.xls", "", ""};
-    const auto path = AskExportFile(port, dialog, ".xls");
+bool SaveSpreadsheet(UserPort& port, const std::function<std::string()>& compose,
+                     const std::function<std::string()>& composeWorkbook) {
+    const FileDialog dialog{"Save results as spreadsheet",
+                            "Excel files (*.xls)|*.xls|Excel workbooks (*.xlsx)|*.xlsx", "", ""};
+    auto isWorkbook = [](const std::string& chosen) {
+        return EndsWith(Lower(ShortFileName(chosen)), ".xlsx");
+    };
+    const auto path = AskExportFile(port, dialog, [&](const std::string& chosen) {
+        return std::string(isWorkbook(chosen) ? ".xlsx" : ".xls");
+    });
     if (!path)
         return false;
-    return WriteExportFile(port, *path, compose());
+    std::string bytes;
+    try {
+        bytes = isWorkbook(*path) ? composeWorkbook() : compose();
+    } catch (const Fault& failure) {
+        port.tell(std::string(kSaveFailed) + "\n" + failure.what());
+        return false;
+    }
+    return WriteExportFile(port, *path, bytes);
 }
 
 bool SaveChartBitmap(UserPort& port, const std::function<Drawing()>& compose,

@@ -44,9 +44,11 @@ std::optional<std::string> AskExportFile(
 // Returns whether the file was written.
 bool WriteExportFile(UserPort& port, const std::string& path, const std::string& bytes);
 
-// "Save results as spreadsheet": the dialog, then the text that compose builds.
+// "Save results as spreadsheet": the dialog, then the text that compose builds; a
+// name ending in .xlsx gets the workbook that composeWorkbook builds instead.
 // Returns whether a file was written.
-bool SaveSpreadsheet(UserPort& port, const std::function<std::string()>& compose);
+bool SaveSpreadsheet(UserPort& port, const std::function<std::string()>& compose,
+                     const std::function<std::string()>& composeWorkbook);
 
 // "Save chart as bmp file": compose runs first of all, then the dialog; the file's
 // extension picks the format among those offered.

@@ -16,6 +16,7 @@
 #include "results/ChartPicture.h"
 #include "results/ResultsExport.h"
 #include "results/ResultsLayout.h"
+#include "results/ResultsWorkbook.h"
 #include "shell/PictureExport.h"
 #include "shell/Program.h"
 #include "shell/Twips.h"
@@ -117,7 +118,12 @@ ResultsWindow::ResultsWindow(Program& program)
 // Both files are offered every time, whichever tab shows: cancelling the first
 // dialog does not cancel the second.
 void ResultsWindow::saveResultsIntoFiles() {
-    SaveSpreadsheet(program_.port(), [this] { return results_->ComposeResultsText(); });
+    SaveSpreadsheet(
+        program_.port(), [this] { return results_->ComposeResultsText(); },
+        [this] {
+            return ComposeResultsWorkbook(results_->ComposeResultsText(), results_->tables().Grid1,
+                                          results_->HeadingSingle());
+        });
     SaveChartBitmap(
         program_.port(), [this] { return composeChartPicture(); }, EncodePicture);
 }

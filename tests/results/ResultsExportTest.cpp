@@ -46,14 +46,16 @@ class ResultsExportTest : public ::testing::Test {
         ++composed;
         return std::string("Dose\tLog\n1\t0");
     };
+    std::function<std::string()> workbook = [] { return std::string("PK workbook"); };
 };
 
 TEST_F(ResultsExportTest, SpreadsheetDialogAndTextWrittenAsItIs) {
     port.saveAnswers.push_back(path("a.xls"));
-    EXPECT_TRUE(SaveSpreadsheet(port, compose));
+    EXPECT_TRUE(SaveSpreadsheet(port, compose, workbook));
     ASSERT_EQ(port.saveDialogs.size(), 1u);
     EXPECT_EQ(port.saveDialogs[0].title, "Save results as spreadsheet");
-    EXPECT_EQ(port.saveDialogs[0].filter, "Excel files (*.xls)|*.xls");
+    EXPECT_EQ(port.saveDialogs[0].filter,
+              "Excel files (*.xls)|*.xls|Excel workbooks (*.xlsx)|*.xlsx");
     EXPECT_EQ(port.saveDialogs[0].fileName, "");
     EXPECT_EQ(ReadFileBytes(path("a.xls")), "Dose\tLog\n1\t0");
     EXPECT_TRUE(port.messages.empty());
@@ -61,7 +63,7 @@ TEST_F(ResultsExportTest, SpreadsheetDialogAndTextWrittenAsItIs) {
 
 TEST_F(ResultsExportTest, CancelIsSilentAndComposesNothing) {
     port.saveAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(SaveSpreadsheet(port, compose));
+    EXPECT_FALSE(SaveSpreadsheet(port, compose, workbook));
     EXPECT_EQ(composed, 0);
     EXPECT_TRUE(port.messages.empty());
     EXPECT_TRUE(fs::is_empty(folder));
@@ -73,7 +75,7 @@ TEST_F(ResultsExportTest, TakenNameAsksWithNoAsDefaultAndNoOpensTheDialogAgain) 
     port.answers.push_back(Answer::No);
     port.saveAnswers.push_back(path("old.xls"));
     port.answers.push_back(Answer::Yes);
-    EXPECT_TRUE(SaveSpreadsheet(port, compose));
+    EXPECT_TRUE(SaveSpreadsheet(port, compose, workbook));
     EXPECT_EQ(port.saveDialogs.size(), 2u);
     ASSERT_EQ(port.messages.size(), 2u);
     EXPECT_EQ(port.messages[0].text, replaceQuestion("old.xls"));
@@ -88,14 +90,14 @@ TEST_F(ResultsExportTest, NoThenCancelKeepsTheOldFile) {
     port.saveAnswers.push_back(path("old.xls"));
     port.answers.push_back(Answer::No);
     port.saveAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(SaveSpreadsheet(port, compose));
+    EXPECT_FALSE(SaveSpreadsheet(port, compose, workbook));
     EXPECT_EQ(ReadFileBytes(path("old.xls")), "old");
 }
 
 TEST_F(ResultsExportTest, NameIsComparedWithCaseSoAnotherCaseIsNotAsked) {
     writeFile("Old.xls", "old");
     port.saveAnswers.push_back(path("old.xls"));
-    EXPECT_TRUE(SaveSpreadsheet(port, compose));
+    EXPECT_TRUE(SaveSpreadsheet(port, compose, workbook));
     EXPECT_TRUE(port.messages.empty());
     EXPECT_EQ(ReadFileBytes(path("Old.xls")), "old");
 }
@@ -103,7 +105,7 @@ TEST_F(ResultsExportTest, NameIsComparedWithCaseSoAnotherCaseIsNotAsked) {
 TEST_F(ResultsExportTest, AFolderOfThatNameFailsWithTheMessageAndStaysAFolder) {
     fs::create_directory(folder / "dir.xls");
     port.saveAnswers.push_back(path("dir.xls"));
-    EXPECT_FALSE(SaveSpreadsheet(port, compose));
+    EXPECT_FALSE(SaveSpreadsheet(port, compose, workbook));
     ASSERT_EQ(port.messages.size(), 1u);
     const std::string& text = port.messages[0].text;
     EXPECT_EQ(text.rfind("An error occurred while saving this file.\n", 0), 0u) << text;
@@ -150,6 +152,21 @@ TEST_F(ResultsExportTest, TakenBitmapAsksAndAFailedEncodingKeepsTheOldFile) {
                   replaceQuestion("chart.bmp"),
                   "An error occurred while saving this file.\nthe picture is too large"}));
     EXPECT_EQ(ReadFileBytes(path("chart.bmp")), "old");
+}
+
+TEST_F(ResultsExportTest, WorkbookNameGetsTheWorkbookAndItsOwnReplaceQuestion) {
+    writeFile("old.xls", "old");
+    writeFile("old.xlsx", "old");
+    port.saveAnswers.push_back(path("new.XLSX"));
+    port.saveAnswers.push_back(path("old.xlsx"));
+    port.answers.push_back(Answer::Yes);
+    EXPECT_TRUE(SaveSpreadsheet(port, compose, workbook));
+    EXPECT_TRUE(SaveSpreadsheet(port, compose, workbook));
+    EXPECT_EQ(port.texts(), std::vector<std::string>{replaceQuestion("old.xlsx")});
+    EXPECT_EQ(ReadFileBytes(path("new.XLSX")), "PK workbook");
+    EXPECT_EQ(ReadFileBytes(path("old.xlsx")), "PK workbook");
+    EXPECT_EQ(ReadFileBytes(path("old.xls")), "old");
+    EXPECT_EQ(composed, 0);
 }
 
 TEST(PictureFormats, ExtensionPicksTheFormatWithoutRegardToCase) {

@@ -107,6 +107,16 @@ class ResultsExportWindowTest : public QObject {
         QVERIFY(fileBytes("chart.pdf").startsWith("%PDF-"));
     }
 
+    void workbookNameWritesARealWorkbook() {
+        f->port.saveAnswers.push_back(f->path("results.xlsx").toStdString());
+        f->port.saveAnswers.push_back(std::nullopt);
+        Click(child<QPushButton>("Command5"));
+        const QByteArray book = fileBytes("results.xlsx");
+        QVERIFY(book.startsWith("PK\x03\x04"));
+        QVERIFY(book.contains("xl/worksheets/sheet2.xml"));
+        QVERIFY(f->port.messages.empty());
+    }
+
     void copyGraphicPutsThePictureOnTheClipboard() {
         child<QTabWidget>("Tab1")->setCurrentIndex(1);
         QCOMPARE(child<QPushButton>("Command10")->text(), QString("Copy graphic"));
