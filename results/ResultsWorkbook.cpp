@@ -72,8 +72,8 @@ std::string ComposeResultsWorkbook(const std::string& resultsText, const TextTab
     }
     WriteCell(results, row, column, cell);
 
-    lxw_worksheet* data = workbook_add_worksheet(book, "Data");
-    for (int c = 0; c < grid1.cols() && c < static_cast<int>(headingSingle.size()); ++c)
+    lxw_worksheet* data = grid1.rows() > 0 ? workbook_add_worksheet(book, "Data") : nullptr;
+    for (int c = 0; data && c < grid1.cols() && c < static_cast<int>(headingSingle.size()); ++c)
         WriteCell(data, 0, c, headingSingle[static_cast<std::size_t>(c)]);
     for (int r = 1; r < grid1.rows(); ++r) {
         for (int c = 0; c < grid1.cols(); ++c)

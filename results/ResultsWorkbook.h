@@ -13,7 +13,8 @@
 
 namespace morvane {
 
-// The bytes of the workbook. resultsText is the text of ComposeResultsText. Throws
+// The bytes of the workbook. resultsText is the text of ComposeResultsText (or the
+// table text of a comparison); a grid1 without rows gives no sheet "Data". Throws
 // Fault when the workbook can't be made.
 std::string ComposeResultsWorkbook(const std::string& resultsText, const TextTable& grid1,
                                    const ColumnHeadings& headingSingle);

@@ -43,5 +43,11 @@ TEST_F(ResultsWorkbookTest, SameResultsGiveTheSameBytes) {
               ComposeResultsWorkbook(text + "x", grid1, headings));
 }
 
+TEST_F(ResultsWorkbookTest, NoDataRowsGiveOnlyTheResultsSheet) {
+    const std::string bytes = ComposeResultsWorkbook(text, TextTable(0, 0), {});
+    EXPECT_NE(bytes.find("xl/worksheets/sheet1.xml"), std::string::npos);
+    EXPECT_EQ(bytes.find("xl/worksheets/sheet2.xml"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace morvane

@@ -105,6 +105,14 @@ class ResultsExportWindowTest : public QObject {
         QVERIFY(svg.contains("<svg"));
         QVERIFY(svg.contains("Probit"));
         QVERIFY(fileBytes("chart.pdf").startsWith("%PDF-"));
+        // The pictures of the documentation, when asked for.
+        const QString docs = qEnvironmentVariable("MORVANE_EXPORT_PICTURES");
+        if (!docs.isEmpty()) {
+            QFile::remove(docs + "/exported-chart.svg");
+            QFile::remove(docs + "/exported-chart.png");
+            QVERIFY(QFile::copy(f->path("chart.svg"), docs + "/exported-chart.svg"));
+            QVERIFY(QFile::copy(f->path("chart.png"), docs + "/exported-chart.png"));
+        }
     }
 
     void workbookNameWritesARealWorkbook() {
