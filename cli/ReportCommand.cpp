@@ -10,12 +10,14 @@
 #include "document/FileBytes.h"
 #include "document/LineDocument.h"
 #include "results/LineResults.h"
+#include "results/ResultsExport.h"
+#include "results/ResultsWorkbook.h"
 #include "results/TextMeasurer.h"
 
 namespace morvane::cli {
 
 const char* const kReportUsage =
-    "  report FILE.mrv [--percent P]... [--dose D]...\n"
+    "  report FILE.mrv [--percent P]... [--dose D]... [--xlsx OUT.xlsx]\n"
     "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
     "      its probit line as the Calculate button does (a reverse slope is\n"
     "      accepted) and prints the results tables as tab-separated text: the text\n"
@@ -26,7 +28,10 @@ const char* const kReportUsage =
     "                     to that of 99%) with the limits of D as a row of the table\n"
     "      The queries run in the order given, as if typed into the results window:\n"
     "      digits and a decimal point only. A refused query is told on standard\n"
-    "      error and adds no row.\n";
+    "      error and adds no row.\n"
+    "        --xlsx OUT.xlsx  also writes the results as a workbook: the results\n"
+    "                     text on the sheet \"Results\", the data table on \"Data\",\n"
+    "                     numbers as numbers, as \"Save results into files\" does\n";
 
 namespace {
 
@@ -115,7 +120,18 @@ int ReportLine(const ReportRequest& request, std::ostream& out, std::ostream& er
     results.Activate();
     for (const ReportQuery& query : request.queries)
         RunQuery(results.queries(), query, port);
-    out << results.ComposeResultsText() << '\n';
+    const std::string& text = results.ComposeResultsText();
+    out << text << '\n';
+    if (!request.workbook.empty()) {
+        try {
+            ReplaceFileContents(
+                request.workbook,
+                ComposeResultsWorkbook(text, results.tables().Grid1, results.HeadingSingle()));
+        } catch (const Fault& failure) {
+            err << kSaveFailed << '\n' << failure.what() << '\n';
+            return 1;
+        }
+    }
     return 0;
 }
 
@@ -132,6 +148,10 @@ int RunReport(const std::vector<std::string>& args, std::ostream& out, std::ostr
             const auto kind =
                 arg == "--percent" ? ReportQuery::Kind::Percent : ReportQuery::Kind::Dose;
             request.queries.push_back({kind, args[++i]});
+        } else if (arg == "--xlsx") {
+            if (i + 1 >= args.size())
+                return kWrongUsage;
+            request.workbook = args[++i];
         } else if (arg.size() > 1 && arg[0] == '-') {
             return kWrongUsage;
         } else if (!haveFile) {

@@ -13,7 +13,11 @@
 #include <cstdlib>
 
 #include "core/NumberText.h"
+#include "results/ChartPicture.h"
+#include "results/ResultsExport.h"
 #include "results/ResultsLayout.h"
+#include "results/ResultsWorkbook.h"
+#include "shell/PictureExport.h"
 #include "shell/Program.h"
 #include "shell/Twips.h"
 #include "shell/WidgetPieces.h"
@@ -61,8 +65,7 @@ ResultsWindow::ResultsWindow(Program& program)
     command10_ = new QPushButton("Copy tables", this);
     command11_ = new QPushButton("back to Input tabls", this);
     command15_ = new QPushButton("Help", this);
-    connect(command5_, &QPushButton::clicked, this,
-            [this] { program_.laterVersion("Saving the results into files"); });
+    connect(command5_, &QPushButton::clicked, this, [this] { saveResultsIntoFiles(); });
     connect(command9_, &QPushButton::clicked, this,
             [this] { program_.laterVersion("Printing the results"); });
     connect(command10_, &QPushButton::clicked, this, [this] {
@@ -70,7 +73,7 @@ ResultsWindow::ResultsWindow(Program& program)
             QApplication::clipboard()->setText(
                 QString::fromStdString(results_->ComposeResultsText()));
         } else {
-            program_.laterVersion("Copying the chart");
+            QApplication::clipboard()->setImage(DrawingImage(composeChartPicture()));
         }
     });
     connect(tab1_, &QTabWidget::currentChanged, this,
@@ -85,6 +88,26 @@ ResultsWindow::ResultsWindow(Program& program)
     setMinimumSize(PixelsX(*this, MinFormWidth - kWindowFrameWidth),
                    PixelsY(*this, MinFormHeight - kWindowFrameHeight));
     resize(minimumSize());
+}
+
+// Both files are offered every time, whichever tab shows: cancelling the first
+// dialog does not cancel the second.
+void ResultsWindow::saveResultsIntoFiles() {
+    SaveSpreadsheet(
+        program_.port(), [this] { return results_->ComposeResultsText(); },
+        [this] {
+            return ComposeResultsWorkbook(results_->ComposeResultsText(), results_->tables().Grid1,
+                                          results_->HeadingSingle());
+        });
+    SaveChartBitmap(
+        program_.port(), [this] { return composeChartPicture(); }, EncodePicture);
+}
+
+Drawing ResultsWindow::composeChartPicture() {
+    const PictureTextMeasurer measurer;
+    return ComposeChartPicture(*chart_, chartWidget_->chartLayout(),
+                               chartWidget_->Text7()->text().toStdString(), program_.shared(),
+                               measurer);
 }
 
 void ResultsWindow::nameWidgets() {

@@ -50,6 +50,11 @@ class ResultsWindow : public QWidget {
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+    // "Save results into files": the tables' file, then the chart's picture file.
+    void saveResultsIntoFiles();
+    // The chart as the picture for its file and the clipboard.
+    Drawing composeChartPicture();
+
   private:
     void nameWidgets();
     void buildTablesTab(QWidget* page);

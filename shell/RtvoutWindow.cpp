@@ -13,7 +13,10 @@
 #include <algorithm>
 
 #include "relative/RelativeExport.h"
+#include "results/ResultsExport.h"
+#include "results/ResultsWorkbook.h"
 #include "shell/CustomLineDialog.h"
+#include "shell/PictureExport.h"
 #include "shell/Program.h"
 #include "shell/RtvinWindow.h"
 #include "shell/Twips.h"
@@ -55,8 +58,19 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
     command10_->setToolTip("Copy tables");
     command11_ = new QPushButton("back to Input tabls", this);
     command15_ = new QPushButton("Help", this);
-    connect(command5_, &QPushButton::clicked, this,
-            [this] { program_.laterVersion("Saving the relative results into files"); });
+    // Both files are offered every time, whichever tab shows.
+    connect(command5_, &QPushButton::clicked, this, [this] {
+        if (!rtvout_)
+            return;
+        SaveSpreadsheet(
+            program_.port(), [this] { return RelativeTableText(*rtvout_); },
+            [this] {
+                return ComposeResultsWorkbook(RelativeTableText(*rtvout_), TextTable(0, 0), {});
+            });
+        redrawFigure();
+        SaveChartBitmap(
+            program_.port(), [this] { return chartWidget_->figure(); }, EncodePicture);
+    });
     connect(command9_, &QPushButton::clicked, this,
             [this] { program_.laterVersion("Printing the relative results"); });
     connect(command10_, &QPushButton::clicked, this, [this] {

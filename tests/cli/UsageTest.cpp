@@ -25,7 +25,7 @@ const std::string kUsageHead =
     "\n"
     "Commands:\n";
 const std::string kReportBlock =
-    "  report FILE.mrv [--percent P]... [--dose D]...\n"
+    "  report FILE.mrv [--percent P]... [--dose D]... [--xlsx OUT.xlsx]\n"
     "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
     "      its probit line as the Calculate button does (a reverse slope is\n"
     "      accepted) and prints the results tables as tab-separated text: the text\n"
@@ -36,7 +36,10 @@ const std::string kReportBlock =
     "                     to that of 99%) with the limits of D as a row of the table\n"
     "      The queries run in the order given, as if typed into the results window:\n"
     "      digits and a decimal point only. A refused query is told on standard\n"
-    "      error and adds no row.\n";
+    "      error and adds no row.\n"
+    "        --xlsx OUT.xlsx  also writes the results as a workbook: the results\n"
+    "                     text on the sheet \"Results\", the data table on \"Data\",\n"
+    "                     numbers as numbers, as \"Save results into files\" does\n";
 const std::string kUsageFoot =
     "\n"
     "Options:\n"

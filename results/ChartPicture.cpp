@@ -1,0 +1,132 @@
+#include "results/ChartPicture.h"
+
+#include <array>
+#include <vector>
+
+#include "core/DoseEstimates.h"
+#include "core/NumberText.h"
+
+namespace morvane {
+namespace {
+
+// Line points of a hidden coordinate table, from row 1, in twips from the plot's
+// bottom left corner, y upward. A row with an empty cell keeps zero there, as the
+// screen chart keeps it.
+std::vector<std::array<double, 2>> PointsOf(const TextTable& table) {
+    std::vector<std::array<double, 2>> points;
+    for (int r = 1; r < table.rows(); ++r) {
+        std::array<double, 2> point{0, 0};
+        for (int c = pointcol::X; c <= pointcol::Y; ++c) {
+            const std::string& cell = table.text(r, c);
+            if (!cell.empty())
+                point[static_cast<std::size_t>(c)] = NumberOf(cell);
+        }
+        points.push_back(point);
+    }
+    return points;
+}
+
+}  // namespace
+
+Drawing ComposeChartPicture(const LogProbitChart& chart, const ChartLayout& layout,
+                            const std::string& doseAxisTitle, SharedRegisters& shared,
+                            const TextMeasurer& measurer) {
+    const double S = kPictureScale;
+    const double L = kPictureLeft;
+    const double T = kPictureTop;
+    const double W = layout.Picture1.width * S;
+    const double H = layout.Picture1.height * S;
+    const double B = T + H;
+
+    Drawing d(layout.PictureFig.width * S, layout.PictureFig.height * S);
+    d.clear();
+    d.setPenWidth(1);
+    d.setFont(TextFont{"", kPictureFontPoints});
+
+    // The frame: eight boxes, each a twip further inside.
+    for (int i = 1; i <= 8; ++i) {
+        d.box(L, T, L + W, B);
+        d.box(L + i, T + i, L + W - i, B - i);
+    }
+
+    auto printAt = [&d](double x, double y, const std::string& text) {
+        d.setCurrentPosition(x, y);
+        d.print(text);
+    };
+    auto halfWidth = [&measurer](const std::string& text) { return measurer.textWidth(text) / 2; };
+
+    const std::string& leftEnd = chart.leftEndLabel().caption;
+    const std::string& rightEnd = chart.rightEndLabel().caption;
+    printAt(L - halfWidth(leftEnd), B + 200, leftEnd);
+    printAt(L + W - halfWidth(rightEnd), B + 200, rightEnd);
+
+    // Ticks and dose labels at the inner cycle boundaries; parked ticks stand at a
+    // left of zero or less. A blanked label still has its tick.
+    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
+        const ChartLabel& tick = chart.tickLabel(i);
+        if (tick.left <= 0)
+            continue;
+        const double x = (tick.left + 15) * S + L;
+        d.line(x, B, x, B - 100);
+        const std::string& caption = chart.doseLabel(i).caption;
+        printAt(x - halfWidth(caption), B + 200, caption);
+    }
+    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i) {
+        const ChartLabel& label = chart.percentLabel(i);
+        printAt(L - 450, label.top * S + T - 75, label.caption);
+    }
+    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j) {
+        const ChartLabel& label = chart.probitLabel(j);
+        printAt(L + W + 150, label.top * S + T, label.caption);
+    }
+    printAt((d.width() - measurer.textWidth(doseAxisTitle)) / 2, B + 700, doseAxisTitle);
+
+    // The line, through the points of the range the chart shows.
+    const auto points = PointsOf(chart.adjustRange() ? chart.Grid4() : chart.Grid3());
+    for (std::size_t r = 1; r < points.size(); ++r) {
+        d.line(S * points[r - 1][0] + L, B - S * points[r - 1][1], S * points[r][0] + L,
+               B - S * points[r][1]);
+    }
+
+    // Marks: drop lines from the left axis to the line and down to the dose axis,
+    // with the dose under them when estimates are shown. The percent beside the left
+    // axis that the screen shows is left out.
+    const FitResult& fit = shared.fit;
+    for (const std::string& mark : chart.marks()) {
+        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
+        const double logDose = LineLogDose(probit, fit);
+        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
+        const double y = ChartY(probit, layout.Picture1.height);
+        const double xm = x * S + L;
+        const double ym = B - S * y;
+        d.line(L, ym, xm, ym);
+        d.line(xm, ym, xm, B);
+        if (chart.showEstimates()) {
+            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
+            FormatEstimate(shared);
+            printAt(xm + 20, B - 350, shared.WorkText);
+        }
+    }
+
+    if (chart.showPoints()) {
+        d.setPenWidth(3);
+        for (const auto& point : PointsOf(chart.Grid5()))
+            d.point(point[0] * S + L, B - S * point[1]);
+        d.setPenWidth(1);
+    }
+
+    // The two axis titles, each centred in its picture scaled by S and turned to
+    // read upward.
+    TextFont titleFont{"", 8.5 * S, true};
+    d.setFont(titleFont);
+    auto title = [&](double left, const LayoutRect& picture, const char* text) {
+        const double top = T + (H - picture.height * S) / 2;
+        d.text(left + picture.width * S / 2, top + picture.height * S / 2, text,
+               HorizontalAnchor::Centre, VerticalAnchor::Middle, kBlack, 90);
+    };
+    title(L - 1000, layout.Pictprcent, kPercentAxisTitle);
+    title(L + W + 650, layout.Pictprob, kProbitAxisTitle);
+    return d;
+}
+
+}  // namespace morvane

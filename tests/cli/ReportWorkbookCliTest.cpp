@@ -1,0 +1,75 @@
+// morvane-cli report --xlsx: the workbook beside the printed tables, and a workbook
+// that can't be saved, which is told and leaves what stood there as it was.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "CliRun.h"
+
+namespace morvane {
+namespace {
+
+using testing::CliResult;
+using testing::CurrentLineFile;
+using testing::RunCli;
+using testing::TempFolder;
+using testing::WriteBytes;
+
+class ReportWorkbookCliTest : public ::testing::Test {
+  protected:
+    ReportWorkbookCliTest() {
+        WriteBytes(folder.path() / "rotenone.mrv",
+                   CurrentLineFile(R"(1,0,"mg","L",2,"Dose","LD","",0,"0.05",0,0)", 6,
+                                   {{"C", "0", "49", "0", "0.000", "0.00000000000C"},
+                                    {"T", "2.6", "50", "6", "12.000", "1.00960091030T"},
+                                    {"T", "3.8", "48", "16", "33.333", "1.01343951993T"},
+                                    {"T", "5.1", "46", "24", "52.174", "1.01642585036T"},
+                                    {"T", "7.7", "49", "42", "85.714", "1.02062195706T"},
+                                    {"T", "10.2", "50", "44", "88.000", "1.02349565124T"}},
+                                   R"("Rotenone","Macrosiphoniella sanborni","","")"));
+    }
+    std::string bytes(const std::string& name) const {
+        std::ifstream file(folder.path() / name, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+    TempFolder folder;
+};
+
+TEST_F(ReportWorkbookCliTest, WorkbookIsWrittenBesideTheSameTablesText) {
+    const CliResult plain = RunCli({"report", "rotenone.mrv"}, folder.path());
+    const CliResult withBook =
+        RunCli({"report", "rotenone.mrv", "--xlsx", "rotenone.xlsx"}, folder.path());
+    EXPECT_EQ(withBook.out, plain.out);
+    EXPECT_EQ(withBook.err, "");
+    EXPECT_EQ(withBook.status, 0);
+    const std::string book = bytes("rotenone.xlsx");
+    ASSERT_GT(book.size(), 4u);
+    EXPECT_EQ(book.substr(0, 4), std::string("PK\x03\x04", 4));
+    EXPECT_NE(book.find("xl/worksheets/sheet2.xml"), std::string::npos);
+    // The fixed creation time makes a second run give the same bytes.
+    RunCli({"report", "rotenone.mrv", "--xlsx", "again.xlsx"}, folder.path());
+    EXPECT_EQ(bytes("again.xlsx"), book);
+}
+
+TEST_F(ReportWorkbookCliTest, AFolderOfThatNameIsToldAndStaysAFolder) {
+    std::filesystem::create_directory(folder.path() / "taken.xlsx");
+    const CliResult result =
+        RunCli({"report", "rotenone.mrv", "--xlsx", "taken.xlsx"}, folder.path());
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err.rfind("An error occurred while saving this file.\n", 0), 0u) << result.err;
+    EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "taken.xlsx"));
+}
+
+TEST_F(ReportWorkbookCliTest, XlsxWithoutAFileIsAUsageError) {
+    const CliResult result = RunCli({"report", "rotenone.mrv", "--xlsx"}, folder.path());
+    EXPECT_NE(result.status, 0);
+    EXPECT_NE(result.err.find("Usage"), std::string::npos) << result.err;
+}
+
+}  // namespace
+}  // namespace morvane

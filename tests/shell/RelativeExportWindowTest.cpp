@@ -1,0 +1,94 @@
+// "Save results into files" of the comparison window: the table text in the .xls
+// file (the text that "Copy tables" gives), both dialogs every time, the replace
+// question, and the chart picture in the format of its name.
+
+#include <QFile>
+#include <QImage>
+#include <QTest>
+
+#include "RelativeTestSupport.h"
+#include "ShellTestSupport.h"
+#include "relative/RelativeExport.h"
+#include "shell/MultiChartWidget.h"
+#include "shell/RtvinWindow.h"
+#include "shell/RtvoutWindow.h"
+
+using namespace morvane;
+using namespace morvane::testing;
+
+class RelativeExportWindowTest : public QObject {
+    Q_OBJECT
+
+  private:
+    std::unique_ptr<ShellFixture> f;
+    RtvoutWindow* out = nullptr;
+
+    QByteArray fileBytes(const QString& name) const {
+        QFile file(f->path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+  private slots:
+    void init() {
+        f = std::make_unique<ShellFixture>();
+        const QStringList files = WriteStrainFiles(f->folder.path(), 3);
+        QVERIFY(ShowActive(f->program->mainWindow()));
+        for (const QString& path : files)
+            f->port.openAnswers.push_back(path.toStdString());
+        f->port.openAnswers.push_back(std::nullopt);
+        Click(f->program->mainWindow().CommandRelative());
+        RtvinWindow* rtvin = f->program->rtvinWindow();
+        QVERIFY(rtvin);
+        QVERIFY(ShowActive(*rtvin));
+        Click(rtvin->Command4());
+        out = rtvin->resultsWindow();
+        QVERIFY(out);
+        QVERIFY(ShowActive(*out));
+    }
+    void cleanup() {
+        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
+        f.reset();
+        out = nullptr;
+    }
+
+    // The chart's picture is the figure of the "Graph" tab at its size there, so the
+    // tab has been shown.
+    void tableTextAndChartGoIntoTheirFiles() {
+        out->Tab1()->setCurrentIndex(1);
+        const QSize chartSize = out->findChild<MultiChartWidget*>()->size();
+        f->port.saveAnswers.push_back(f->path("strains.xls").toStdString());
+        f->port.saveAnswers.push_back(f->path("strains.png").toStdString());
+        Click(out->Command5());
+        QCOMPARE(f->port.saveDialogs.size(), std::size_t{2});
+        QCOMPARE(QString::fromStdString(f->port.saveDialogs[0].title),
+                 QString("Save results as spreadsheet"));
+        QCOMPARE(QString::fromStdString(f->port.saveDialogs[1].title),
+                 QString("Save chart as bmp file"));
+        QCOMPARE(fileBytes("strains.xls"),
+                 QByteArray::fromStdString(RelativeTableText(out->rtvout())));
+        QImage png;
+        QVERIFY(png.loadFromData(fileBytes("strains.png"), "PNG"));
+        QCOMPARE(png.size(), chartSize);
+        QVERIFY(f->port.messages.empty());
+    }
+
+    void takenNameAsksAndNoOpensTheDialogAgainThenCancelKeepsTheOldFile() {
+        QFile old(f->path("strains.xls"));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("old");
+        old.close();
+        f->port.saveAnswers.push_back(f->path("strains.xls").toStdString());
+        f->port.answers.push_back(Answer::No);
+        f->port.saveAnswers.push_back(std::nullopt);
+        f->port.saveAnswers.push_back(std::nullopt);
+        Click(out->Command5());
+        QCOMPARE(f->port.saveDialogs.size(), std::size_t{3});
+        QCOMPARE(f->port.texts(),
+                 QStringList({"File with the same name \"strains.xls\" already "
+                              "exist.\nDo you want to replace the existing file?"}));
+        QCOMPARE(fileBytes("strains.xls"), QByteArray("old"));
+    }
+};
+
+QTEST_MAIN(RelativeExportWindowTest)
+#include "RelativeExportWindowTest.moc"
