@@ -226,10 +226,10 @@ void Program::endProgram() {
     if (ended_)
         return;
     ended_ = true;
-    for (QWidget* window : std::initializer_list<QWidget*>{
-             probit_.data(), reduction_.data(), prediction_.data(), notes_.data(),
-             changeOptions_.data(), options_.data(), help_.data(), results_.data(), rtvin_.data(),
-             main_}) {
+    for (QWidget* window :
+         std::initializer_list<QWidget*>{probit_.data(), reduction_.data(), prediction_.data(),
+                                         notes_.data(), changeOptions_.data(), options_.data(),
+                                         help_.data(), results_.data(), rtvin_.data(), main_}) {
         if (window)
             window->close();
     }
