@@ -23,7 +23,7 @@ using testing::WriteBytes;
 class ReportWorkbookCliTest : public ::testing::Test {
   protected:
     ReportWorkbookCliTest() {
-        WriteBytes(folder.path() / "rotenone.mrv",
+        WriteBytes(folder.file("rotenone.mrv"),
                    CurrentLineFile(R"(1,0,"mg","L",2,"Dose","LD","",0,"0.05",0,0)", 6,
                                    {{"C", "0", "49", "0", "0.000", "0.00000000000C"},
                                     {"T", "2.6", "50", "6", "12.000", "1.00960091030T"},
@@ -34,7 +34,7 @@ class ReportWorkbookCliTest : public ::testing::Test {
                                    R"("Rotenone","Macrosiphoniella sanborni","","")"));
     }
     std::string bytes(const std::string& name) const {
-        std::ifstream file(folder.path() / name, std::ios::binary);
+        std::ifstream file(folder.file(name), std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), {});
     }
     TempFolder folder;
@@ -57,12 +57,12 @@ TEST_F(ReportWorkbookCliTest, WorkbookIsWrittenBesideTheSameTablesText) {
 }
 
 TEST_F(ReportWorkbookCliTest, AFolderOfThatNameIsToldAndStaysAFolder) {
-    std::filesystem::create_directory(folder.path() / "taken.xlsx");
+    std::filesystem::create_directory(folder.file("taken.xlsx"));
     const CliResult result =
         RunCli({"report", "rotenone.mrv", "--xlsx", "taken.xlsx"}, folder.path());
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err.rfind("An error occurred while saving this file.\n", 0), 0u) << result.err;
-    EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "taken.xlsx"));
+    EXPECT_TRUE(std::filesystem::is_directory(folder.file("taken.xlsx")));
 }
 
 TEST_F(ReportWorkbookCliTest, XlsxWithoutAFileIsAUsageError) {
