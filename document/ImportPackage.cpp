@@ -340,6 +340,37 @@ std::string StoredZip(const std::vector<std::pair<std::string, std::string>>& en
     return out;
 }
 
+// A damaged package can claim a part of gigabytes, which liborcus would allocate and
+// clear before it finds the damage. The sizes that the local and the central headers
+// claim are checked first. A part of more than 64 MiB, a sheet far longer than a line
+// can hold, is refused with the same message.
+constexpr std::uint32_t kMaxPartBytes = 64u * 1024u * 1024u;
+
+std::uint32_t Little32(const std::string& bytes, std::size_t at) {
+    std::uint32_t value = 0;
+    for (int i = 3; i >= 0; --i)
+        value = (value << 8) | static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
+    return value;
+}
+
+void CheckPartSizes(const std::string& bytes) {
+    const std::string_view local{"PK\x03\x04", 4}, central{"PK\x01\x02", 4};
+    for (std::size_t at = bytes.find("PK"); at != std::string::npos;
+         at = bytes.find("PK", at + 1)) {
+        std::size_t field = 0;
+        if (bytes.compare(at, 4, local) == 0)
+            field = at + 22;
+        else if (bytes.compare(at, 4, central) == 0)
+            field = at + 24;
+        else
+            continue;
+        // The compressed size stands just before the uncompressed one.
+        if (field + 4 <= bytes.size() &&
+            (Little32(bytes, field) > kMaxPartBytes || Little32(bytes, field - 4) > kMaxPartBytes))
+            throw ImportError("the workbook claims a part larger than can be read; it is damaged");
+    }
+}
+
 // The package with relative targets and plain strings, or none when it needs no change.
 std::optional<std::string> NormalisedPackage(const std::string& bytes) {
     orcus::zip_archive_stream_blob stream(reinterpret_cast<const std::uint8_t*>(bytes.data()),
@@ -375,15 +406,18 @@ std::optional<std::string> NormalisedPackage(const std::string& bytes) {
 std::unique_ptr<Factory> ReadPackage(const std::string& path, ImportFormat format) {
     auto factory = std::make_unique<Factory>();
     try {
+        const std::string bytes = ReadFileBytes(path);
+        CheckPartSizes(bytes);
         if (format == ImportFormat::Xlsx) {
             orcus::orcus_xlsx reader(factory.get());
-            const std::string bytes = ReadFileBytes(path);
             const std::optional<std::string> normalised = NormalisedPackage(bytes);
             reader.read_stream(normalised ? *normalised : bytes);
         } else {
             orcus::orcus_ods reader(factory.get());
-            reader.read_file(path);
+            reader.read_stream(bytes);
         }
+    } catch (const ImportError&) {
+        throw;
     } catch (const std::exception& e) {
         throw ImportError(std::string("the workbook can not be read, it may be damaged or "
                                       "encrypted: ") +

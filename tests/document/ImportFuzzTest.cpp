@@ -46,7 +46,7 @@ TEST_P(ImportFuzzTest, DamagedFilesEndInRowsOrAMessage) {
     TempFolder folder;
     const std::string path = folder.file("damaged.bin");
     std::mt19937 random(20240501u);
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 150; ++round) {
         SharedRegisters shared;
         ScriptedUserPort port;
         LineDocument doc{shared, port, folder.path};
