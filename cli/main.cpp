@@ -8,6 +8,7 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CompareCommand.h"
+#include "cli/ImportCommand.h"
 #include "cli/PredictCommand.h"
 #include "cli/ReductionCommand.h"
 #include "cli/ReportCommand.h"
@@ -21,6 +22,7 @@ const Command kCommands[] = {
     {"compare", morvane::cli::RunCompare, morvane::cli::kCompareUsage},
     {"reduction", morvane::cli::RunReduction, morvane::cli::kReductionUsage},
     {"predict", morvane::cli::RunPredict, morvane::cli::kPredictUsage},
+    {"import", morvane::cli::RunImport, morvane::cli::kImportUsage},
 };
 
 std::string Usage() {

@@ -118,7 +118,6 @@ MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
     commandCalc_->setFont(calcFont);
 
     // The buttons.
-    auto later = [this](const char* what) { return [this, what] { program_.laterVersion(what); }; };
     connect(commandNew_, &QPushButton::clicked, this,
             [this] { program_.run([this] { program_.document().CommandNew(); }); });
     connect(commandOpen_, &QPushButton::clicked, this,
@@ -127,7 +126,7 @@ MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
             [this] { program_.run([this] { program_.document().CommandSave(); }); });
     connect(commandRelative_, &QPushButton::clicked, this,
             [this] { program_.run([this] { program_.document().CommandRelative(); }); });
-    connect(commandImport_, &QPushButton::clicked, this, later("Import from text and Excel files"));
+    connect(commandImport_, &QPushButton::clicked, this, [this] { program_.commandImport(); });
     connect(commandChangeOptions_, &QPushButton::clicked, this,
             [this] { program_.openChangeOptions(); });
     connect(commandNotes_, &QPushButton::clicked, this, [this] { program_.openNotes(); });

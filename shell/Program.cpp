@@ -4,7 +4,10 @@
 #include <exception>
 
 #include "core/LineCalculation.h"
+#include "document/FileBytes.h"
+#include "document/ImportWorkbook.h"
 #include "shell/ChangeOptionsDialog.h"
+#include "shell/ExcelOptionsDialog.h"
 #include "shell/HelpWindow.h"
 #include "shell/MainWindow.h"
 #include "shell/NotesDialog.h"
@@ -173,6 +176,64 @@ void Program::openNotes() {
     notes_->open();
 }
 
+ExcelOptionsDialog* Program::excelOptionsDialog() const {
+    return excelOptions_.data();
+}
+
+namespace {
+
+// The import's file dialog offers every kind it reads; the content decides.
+constexpr const char* kImportFilter =
+    "All data files (*.txt *.csv *.xls *.xlsx *.ods)|*.txt *.csv *.xls *.xlsx *.ods|"
+    "Excel Files (*.xls)|*.xls|Excel Files (*.xlsx)|*.xlsx|"
+    "OpenDocument spreadsheets (*.ods)|*.ods|Text Files (*.txt)|*.txt|CSV Files (*.csv)|*.csv";
+
+}  // namespace
+
+void Program::commandImport() {
+    if (document_.main().PendingCommand == MainCommand::None) {
+        // The options dialog comes first; its OK sends the import on (importRequested).
+        run([this] {
+            document_.setImportAfterNew(1);
+            document_.CommandNew();
+        });
+        return;
+    }
+    document_.setPendingCommand(MainCommand::None);
+    const std::optional<std::string> path = port_.openFileName(
+        FileDialog{"Import data from Text or Excel file", kImportFilter, "", ""});
+    if (!path)
+        return;  // the new empty line stays
+    std::string head;
+    try {
+        head = ReadFileBytes(*path).substr(0, 4096);
+    } catch (const std::exception&) {
+        // The reading below tells why.
+    }
+    const ImportFormat format = SniffImportFormat(head);
+    if (format == ImportFormat::Text || format == ImportFormat::Unknown) {
+        run([&] { ImportDataFile(document_, port_, *path, SheetChoice{}); });
+        return;
+    }
+    std::vector<std::string> sheets;
+    try {
+        sheets = WorkbookSheetNames(*path, format);
+    } catch (const std::exception& e) {
+        run([&] {
+            document_.ResetLine();
+            port_.tell(std::string(kImportOpenError) + "\n" + e.what());
+        });
+        return;
+    }
+    if (!excelOptions_)
+        excelOptions_ = new ExcelOptionsDialog(*this, main_);
+    excelOptions_->open(*path, sheets, ExcelOptionsHint(document_, shared_.DoseWord));
+}
+
+void Program::importSheet(const std::string& path, const std::string& sheet, bool header) {
+    run([&] { ImportDataFile(document_, port_, path, SheetChoice{sheet, header}); });
+}
+
 void Program::openChangeOptions() {
     if (!changeOptions_)
         changeOptions_ = new ChangeOptionsDialog(*this, main_);
@@ -284,7 +345,7 @@ void Program::leaveComparison(const QWidget& from) {
 }
 
 void Program::importRequested() {
-    laterVersion("Import from text and Excel files");
+    commandImport();
 }
 
 void Program::spreadsheetReadRequested() {

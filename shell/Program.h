@@ -26,6 +26,7 @@ namespace morvane {
 class MainWindow;
 class OptionsDialog;
 class ChangeOptionsDialog;
+class ExcelOptionsDialog;
 class NotesDialog;
 class ResultsWindow;
 class HelpWindow;
@@ -64,6 +65,7 @@ class Program : public QObject, public DocumentObserver {
     HelpWindow& helpWindow();
     ProbitDialog& probitDialog();
     ChangeOptionsDialog* changeOptionsDialog() const;
+    ExcelOptionsDialog* excelOptionsDialog() const;
     NotesDialog* notesDialog() const;
     ResultsWindow* resultsWindow() const;
     RtvinWindow* rtvinWindow() const;
@@ -80,8 +82,13 @@ class Program : public QObject, public DocumentObserver {
     void openProbit();                   // CommandProbit
     void openNotes();                    // CommandInf_form
     void openChangeOptions();            // CommandChgangeOptions
-    void openReduction();                // CommandControl: a fresh Reduction % window
-    void openPrediction();               // Command1: a fresh extrapolation window
+    // CommandImport: a new line first (the question, the options dialog), then the
+    // file dialog, then the reading; a workbook asks for its sheet in FormExcelOptions.
+    void commandImport();
+    // FormExcelOptions' OK: the sheet of the workbook read into the new line.
+    void importSheet(const std::string& path, const std::string& sheet, bool header);
+    void openReduction();   // CommandControl: a fresh Reduction % window
+    void openPrediction();  // Command1: a fresh extrapolation window
     ReductionWindow* reductionWindow() const;
     PredictionWindow* predictionWindow() const;
     // A button of a window that a later version brings: a plain message says so.
@@ -122,6 +129,7 @@ class Program : public QObject, public DocumentObserver {
     MainWindow* main_ = nullptr;
     QPointer<OptionsDialog> options_;
     QPointer<ChangeOptionsDialog> changeOptions_;
+    QPointer<ExcelOptionsDialog> excelOptions_;
     QPointer<NotesDialog> notes_;
     QPointer<ResultsWindow> results_;
     QPointer<HelpWindow> help_;

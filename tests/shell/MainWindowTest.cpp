@@ -533,11 +533,6 @@ class MainWindowTest : public QObject {
         QCOMPARE(main->Grid1()->geometry(), grid);
         main->showNormal();
     }
-
-    void laterButtonsSaySo() {
-        Click(main->CommandImport());
-        QVERIFY(f->port.lastText().contains("later version"));
-    }
 };
 
 QTEST_MAIN(MainWindowTest)

@@ -1,0 +1,38 @@
+#pragma once
+// morvane-cli import: a new line made of a data file, as the desktop program's Import
+// makes it.
+//
+// The new line takes the options saved in a line file (its rows and notes are not
+// used; the new notes are empty), the data file is read as the window reads it (by
+// its content: text or CSV records, or a sheet of an .xls, .xlsx or .ods workbook),
+// and the line is saved as Save saves it. A file at the output is replaced only when
+// --force is given; that is checked before the data file is read.
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace morvane::cli {
+
+struct ImportRequest {
+    std::string data;     // the file to import
+    std::string options;  // the line file whose options the new line takes
+    std::string out;      // the new line file
+    std::string sheet;    // empty: the workbook's first sheet
+    bool header = false;  // "First row contains header"
+    bool force = false;   // an existing output may be replaced
+};
+
+// The lines of the usage text for this command.
+extern const char* const kImportUsage;
+
+// Runs the request: 0 when the new line was saved; 1 when the data could not be
+// imported (a refused row, a partly empty row, an unreadable file, no row), the
+// message on err and the output untouched; 2 when the options file can't be read or
+// the output exists without --force.
+int ImportLine(const ImportRequest& request, std::ostream& out, std::ostream& err);
+
+// The command as morvane-cli runs it, from the arguments after "import".
+int RunImport(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+}  // namespace morvane::cli

@@ -1,0 +1,211 @@
+// The rows of an import: text records and sheet rows fed through the input cells and
+// AcceptRow as if typed, and the kind of a file told by its first bytes.
+#include "document/Import.h"
+
+#include <array>
+#include <exception>
+
+#include "core/NumberText.h"
+#include "document/LineFileChecks.h"
+#include "document/SequentialFields.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr std::string_view kCompoundDocument{"\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8};
+constexpr std::string_view kZipEntry{"PK\x03\x04", 4};
+// An OpenDocument package stores its type uncompressed as the first entry.
+constexpr std::string_view kOdsMimeType = "mimetypeapplication/vnd.oasis.opendocument.spreadsheet";
+
+// Text has no control characters other than tab, line ends, form feed and the old
+// end-of-file mark.
+bool LooksLikeText(std::string_view head) {
+    for (const char c : head) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r' && byte != '\f' &&
+            byte != 0x1A)
+            return false;
+        if (byte == 0x7F)
+            return false;
+    }
+    return true;
+}
+
+bool IsControlLabel(const std::string& label) {
+    return label == "C" || label == "c";
+}
+
+// Values a record holds beside its label: dose and one or two values.
+int ValueFields(const LineDocument& doc) {
+    if (doc.ControlPerTreatment())
+        return doc.table().layout().Text2inputVisible ? 3 : 2;
+    // With no label column the layout is told by Grid1's width, as the reader always
+    // did: the tables of two counts have at least 5 columns.
+    return doc.Grid1().cols() >= 5 ? 3 : 2;
+}
+
+void PutValues(LineDocument& doc, const std::array<std::string, 3>& values, int count) {
+    doc.setTextDose(values[0]);
+    doc.setText1input(values[1]);
+    if (count == 3)
+        doc.setText2input(values[2]);
+}
+
+// The end of every import: the input cells emptied, nothing left refused, Grid2 built
+// once for all rows.
+void FinishImport(LineDocument& doc) {
+    doc.setText1input("");
+    if (doc.table().layout().Text2inputVisible)
+        doc.setText2input("");
+    doc.setImportRowRefused(0);
+    doc.RebuildResponseTable();
+}
+
+std::string TooManyRowsMessage(int row) {
+    return std::string(kCantContinue) + "\na line holds at most " +
+           std::to_string(MaxImportRows()) + " rows; the data from row no. " + std::to_string(row) +
+           " on was not read";
+}
+
+}  // namespace
+
+ImportFormat SniffImportFormat(std::string_view head) {
+    if (head.substr(0, kCompoundDocument.size()) == kCompoundDocument)
+        return ImportFormat::Xls;
+    if (head.substr(0, kZipEntry.size()) == kZipEntry)
+        return head.size() >= 30 + kOdsMimeType.size() &&
+                       head.substr(30, kOdsMimeType.size()) == kOdsMimeType
+                   ? ImportFormat::Ods
+                   : ImportFormat::Xlsx;
+    return LooksLikeText(head) ? ImportFormat::Text : ImportFormat::Unknown;
+}
+
+const std::string& Sheet::cell(int row, int col) const {
+    static const std::string empty;
+    if (row < 1 || static_cast<std::size_t>(row) > rows.size() || col < 1)
+        return empty;
+    const std::vector<std::string>& cells = rows[static_cast<std::size_t>(row) - 1];
+    return static_cast<std::size_t>(col) > cells.size() ? empty
+                                                        : cells[static_cast<std::size_t>(col) - 1];
+}
+
+int MaxImportRows() {
+    return kMaxLineFileRows - 2;  // the heading and the empty last row
+}
+
+std::string ExcelOptionsHint(const LineDocument& doc, const std::string& doseWord) {
+    const DataType type = doc.fileOptions().controls.dataType();
+    const int columns = type == DataType::ResponsePercentage ? 2 : 3;
+    return "Target file must contains " + std::to_string(columns) + " columns, i.e.\n" + doseWord +
+           ", " + kDataTypeNames[static_cast<int>(type)];
+}
+
+ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes) {
+    ImportOutcome outcome;
+    const bool labelled = doc.ControlPerTreatment();
+    const int count = ValueFields(doc);
+    FieldReader in(bytes);
+    try {
+        for (;;) {
+            std::string label;
+            std::array<std::string, 3> values;
+            try {
+                if (labelled) {
+                    if (in.atEnd())
+                        break;
+                    label = in.readString();
+                }
+                bool cutShort = false;
+                for (int i = 0; i < count && !cutShort; ++i) {
+                    cutShort = in.atEnd();
+                    if (!cutShort)
+                        values[static_cast<std::size_t>(i)] = PlainText(in.readDouble());
+                }
+                if (cutShort)
+                    break;  // the end of the data drops a record cut short
+            } catch (const FileFormatError& e) {
+                port.tell(std::string(kImportOpenError) + "\n" + e.what() + " (" +
+                          in.lastFieldPosition() + ")");
+                outcome.failed = true;
+                break;
+            }
+            if (outcome.rowsTaken == MaxImportRows()) {
+                port.tell(TooManyRowsMessage(outcome.rowsTaken + 1));
+                outcome.failed = true;
+                break;
+            }
+            PutValues(doc, values, count);
+            if (labelled)
+                doc.setCheckCo(IsControlLabel(label));
+            if (!doc.AcceptRow()) {
+                outcome.failed = true;
+                break;
+            }
+            ++outcome.rowsTaken;
+        }
+        FinishImport(doc);
+    } catch (const std::exception& e) {
+        doc.ResetLine();
+        port.tell(std::string(kImportOpenError) + "\n" + e.what());
+        outcome = ImportOutcome{0, true};
+    }
+    return outcome;
+}
+
+ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet,
+                              bool hasHeader) {
+    ImportOutcome outcome;
+    const bool labelled = doc.ControlPerTreatment();
+    const int o = labelled ? 1 : 0;
+    const int count = ValueFields(doc);
+    try {
+        for (int row = hasHeader ? 2 : 1;; ++row) {
+            int filled = 0;
+            std::string label;
+            if (labelled) {
+                label = sheet.cell(row, 1);
+                filled += label.empty() ? 0 : 1;
+            }
+            std::array<std::string, 3> values;
+            for (int i = 0; i < count; ++i) {
+                values[static_cast<std::size_t>(i)] = sheet.cell(row, o + 1 + i);
+                filled += values[static_cast<std::size_t>(i)].empty() ? 0 : 1;
+            }
+            if (filled < o + count) {
+                // The end of the data; a row with some cells filled is a gap in it.
+                if (filled > 0) {
+                    port.tell(std::string(kCantContinue) + "\nthere is an empty cell in row no. " +
+                              std::to_string(row));
+                    outcome.failed = true;
+                }
+                break;
+            }
+            if (outcome.rowsTaken == MaxImportRows()) {
+                port.tell(TooManyRowsMessage(row));
+                outcome.failed = true;
+                break;
+            }
+            PutValues(doc, values, count);
+            if (labelled)
+                doc.setCheckCo(IsControlLabel(label));
+            if (!doc.AcceptRow()) {
+                if (labelled)
+                    doc.setCheckCo(false);
+                outcome.failed = true;
+                break;
+            }
+            ++outcome.rowsTaken;
+        }
+        FinishImport(doc);
+    } catch (const std::exception& e) {
+        // A cell that is no number, or a table that can't be built: the document is
+        // reset, as a failing reading always left it.
+        doc.ResetLine();
+        port.tell(std::string(kImportOpenError) + "\n" + e.what());
+        outcome = ImportOutcome{0, true};
+    }
+    return outcome;
+}
+
+}  // namespace morvane
