@@ -68,6 +68,39 @@ std::string TooManyRowsMessage(int row) {
            " on was not read";
 }
 
+// One row of a file, ready to be typed: its values, its label when the file has a
+// label column, and its number as the message of a row too many names it.
+struct RowTaken {
+    const std::array<std::string, 3>& values;
+    int count;
+    const std::string* label;
+    int number;
+};
+
+// Takes one row as if typed: the values into the input cells, the label into the
+// control box, then AcceptRow. False when the import ends here: a row beyond what a
+// line can hold, or a row that AcceptRow refused (and told). A sheet clears the control
+// box after a refused row; a text file leaves it as the refused row set it.
+bool TakeRow(LineDocument& doc, UserPort& port, const RowTaken& row, bool clearControlOnRefusal,
+             ImportOutcome& outcome) {
+    if (outcome.rowsTaken == MaxImportRows()) {
+        port.tell(TooManyRowsMessage(row.number));
+        outcome.failed = true;
+        return false;
+    }
+    PutValues(doc, row.values, row.count);
+    if (row.label)
+        doc.setCheckCo(IsControlLabel(*row.label));
+    if (!doc.AcceptRow()) {
+        if (row.label && clearControlOnRefusal)
+            doc.setCheckCo(false);
+        outcome.failed = true;
+        return false;
+    }
+    ++outcome.rowsTaken;
+    return true;
+}
+
 }  // namespace
 
 ImportFormat SniffImportFormat(std::string_view head) {
@@ -130,19 +163,9 @@ ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_v
                 outcome.failed = true;
                 break;
             }
-            if (outcome.rowsTaken == MaxImportRows()) {
-                port.tell(TooManyRowsMessage(outcome.rowsTaken + 1));
-                outcome.failed = true;
+            const RowTaken taken{values, count, labelled ? &label : nullptr, outcome.rowsTaken + 1};
+            if (!TakeRow(doc, port, taken, false, outcome))
                 break;
-            }
-            PutValues(doc, values, count);
-            if (labelled)
-                doc.setCheckCo(IsControlLabel(label));
-            if (!doc.AcceptRow()) {
-                outcome.failed = true;
-                break;
-            }
-            ++outcome.rowsTaken;
         }
         FinishImport(doc);
     } catch (const std::exception& e) {
@@ -181,21 +204,9 @@ ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sh
                 }
                 break;
             }
-            if (outcome.rowsTaken == MaxImportRows()) {
-                port.tell(TooManyRowsMessage(row));
-                outcome.failed = true;
+            const RowTaken taken{values, count, labelled ? &label : nullptr, row};
+            if (!TakeRow(doc, port, taken, true, outcome))
                 break;
-            }
-            PutValues(doc, values, count);
-            if (labelled)
-                doc.setCheckCo(IsControlLabel(label));
-            if (!doc.AcceptRow()) {
-                if (labelled)
-                    doc.setCheckCo(false);
-                outcome.failed = true;
-                break;
-            }
-            ++outcome.rowsTaken;
         }
         FinishImport(doc);
     } catch (const std::exception& e) {
