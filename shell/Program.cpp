@@ -230,8 +230,11 @@ void Program::commandImport() {
     excelOptions_->open(*path, sheets, ExcelOptionsHint(document_, shared_.DoseWord));
 }
 
+// The sheet options' OK leaves the choice here and starts the read through the
+// document's channel (code 3), as the options dialog of a workbook always did.
 void Program::importSheet(const std::string& path, const std::string& sheet, bool header) {
-    run([&] { ImportDataFile(document_, port_, path, SheetChoice{sheet, header}); });
+    pendingSheet_ = PendingSheet{path, SheetChoice{sheet, header}};
+    document_.TextMsg(TextMsgCode::SpreadsheetRead);
 }
 
 void Program::openChangeOptions() {
@@ -348,11 +351,17 @@ void Program::importRequested() {
     commandImport();
 }
 
+// Code 3 with no sheet chosen has nothing to read.
 void Program::spreadsheetReadRequested() {
-    laterVersion("Import from Excel files");
+    if (!pendingSheet_)
+        return;
+    const PendingSheet choice = std::move(*pendingSheet_);
+    pendingSheet_.reset();
+    run([&] { ImportDataFile(document_, port_, choice.path, choice.sheet); });
 }
 
-// The comparison of lines, which alone asks for the silent calculation, comes later.
+// The comparison calculates each line through its own calculator (DocumentLineCalculator),
+// not through code 6 of the channel: nothing here is asked of the window.
 void Program::calculateFileRequested() {}
 
 void Program::programEndRequested() {

@@ -15,10 +15,13 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "calculators/ProbitConverter.h"
 #include "core/SharedRegisters.h"
 #include "core/UserPort.h"
+#include "document/ImportWorkbook.h"
 #include "document/LineDocument.h"
 
 namespace morvane {
@@ -130,6 +133,12 @@ class Program : public QObject, public DocumentObserver {
     QPointer<OptionsDialog> options_;
     QPointer<ChangeOptionsDialog> changeOptions_;
     QPointer<ExcelOptionsDialog> excelOptions_;
+    // The workbook and sheet that the sheet options chose, until code 3 reads them.
+    struct PendingSheet {
+        std::string path;
+        SheetChoice sheet;
+    };
+    std::optional<PendingSheet> pendingSheet_;
     QPointer<NotesDialog> notes_;
     QPointer<ResultsWindow> results_;
     QPointer<HelpWindow> help_;

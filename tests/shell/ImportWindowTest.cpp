@@ -95,6 +95,21 @@ class ImportWindowTest : public QObject {
             QString("Morvane can't continue importing data\nthere is an empty cell in row no. 6"));
     }
 
+    void channelCodeThreeReadsOnlyAChosenSheet() {
+        f->port.openAnswers.push_back(DataFile("xlwt-counts.xls"));
+        ImportThroughOptions();
+        ExcelOptionsDialog* excel = f->program->excelOptionsDialog();
+        excel->Combo2()->setCurrentIndex(1);
+        Click(excel->Check1());
+        Click(excel->Command1());
+        QCOMPARE(DataRows(), 4);
+        // The choice was read once: the code again, with no sheet chosen, does nothing.
+        const std::size_t told = f->port.messages.size();
+        f->program->document().TextMsg("3");
+        QCOMPARE(DataRows(), 4);
+        QCOMPARE(f->port.messages.size(), told);
+    }
+
     void emptySheetNameIsRefusedAndCancelLeavesTheLineEmpty() {
         f->port.openAnswers.push_back(DataFile("openpyxl-counts.xlsx"));
         ImportThroughOptions();
