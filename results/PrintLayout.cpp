@@ -1,0 +1,348 @@
+#include "results/PrintLayout.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/DoseEstimates.h"
+#include "core/NumberText.h"
+#include "results/ChartPicture.h"
+
+namespace morvane {
+namespace {
+
+// Page layout of the tables.
+constexpr double kTablesLeft = 750;      // X0
+constexpr double kTablesMargins = 1500;  // the page width less the usable width
+constexpr double kFirstLine = 1700;      // y at the top of each page
+constexpr double kRowStep = 400;
+constexpr double kColumnGap = 400;  // beside each column's own width
+
+// The pages of the tables as they are printed, one drawing a page, with the pen,
+// font and place of writing that the printer keeps across the pages.
+class TablePages {
+  public:
+    TablePages(double width, double height, const FontMeasure& measure)
+        : width_(width), height_(height), measure_(measure) {
+        font_.points = kPrintTablePoints;
+        newPage();
+    }
+
+    double height() const { return height_; }
+    double usableWidth() const { return width_ - kTablesMargins; }
+
+    void newPage() {
+        pages_.emplace_back(width_, height_);
+        pages_.back().setPenWidth(3);
+        pages_.back().setFont(font_);
+    }
+    double textWidth(const std::string& text) const { return measure_(text, font_); }
+    void print(double x, double y, const std::string& text) {
+        Drawing& page = pages_.back();
+        page.setCurrentPosition(x, y);
+        page.print(text);
+    }
+    void line(double x1, double y1, double x2, double y2) { pages_.back().line(x1, y1, x2, y2); }
+    std::vector<Drawing> take() { return std::move(pages_); }
+
+  private:
+    double width_, height_;
+    const FontMeasure& measure_;
+    TextFont font_;
+    std::vector<Drawing> pages_;
+};
+
+// The groups of the data table's columns that fit the usable width, as first and
+// last column. lastColumn is the last column that is printed.
+std::vector<std::array<int, 2>> ColumnGroups(const TextTable& grid, int lastColumn, double usable) {
+    std::vector<std::array<int, 2>> groups;
+    int first = 0;
+    double sum = 0;
+    for (int c = 0; c <= lastColumn; ++c) {
+        sum += grid.columnWidth(c) + kColumnGap;
+        if (c < lastColumn && sum + grid.columnWidth(c + 1) + kColumnGap > usable) {
+            groups.push_back({first, c});
+            first = c + 1;
+            sum = 0;
+        }
+    }
+    if (first <= lastColumn)
+        groups.push_back({first, lastColumn});
+    return groups;
+}
+
+class TablesPrinter {
+  public:
+    TablesPrinter(const LineResults& results, TablePages& pages)
+        : results_(results), pages_(pages), grid1_(results.tables().Grid1) {}
+
+    void print() {
+        const double height = pages_.height();
+        const auto groups = ColumnGroups(grid1_, grid1_.cols() - 1, pages_.usableWidth());
+        if (!groups.empty())
+            printGroup(groups.front());
+
+        y_ += 1000;
+        if (y_ > height - 3500)
+            breakPage();
+        printStatistics();
+
+        y_ += 1000;
+        if (y_ > height - 3000)
+            breakPage();
+        printEstimates();
+
+        for (std::size_t g = 1; g < groups.size(); ++g) {
+            breakPage();
+            printGroup(groups[g]);
+        }
+        rule();
+    }
+
+  private:
+    void breakPage() {
+        pages_.newPage();
+        y_ = kFirstLine;
+    }
+    void rule() { pages_.line(kTablesLeft, rule_, kTablesLeft + pages_.usableWidth(), rule_); }
+
+    // The text centred in a column of the given width, at offset from X0.
+    double centred(double offset, double columnWidth, const std::string& text) const {
+        return kTablesLeft + offset + columnWidth / 2 - pages_.textWidth(text) / 2;
+    }
+
+    void printGroupRow(const std::array<int, 2>& group, int r) {
+        double offset = 0;
+        for (int c = group[0]; c <= group[1]; ++c) {
+            const double cw = grid1_.columnWidth(c) + kColumnGap;
+            const auto column = static_cast<std::size_t>(c);
+            if (r == 0) {
+                const std::string first =
+                    column < results_.HeadingFirst().size() ? results_.HeadingFirst()[column] : "";
+                const std::string second = column < results_.HeadingSecond().size()
+                                               ? results_.HeadingSecond()[column]
+                                               : "";
+                pages_.print(centred(offset, cw, first), y_, first);
+                pages_.print(centred(offset, cw, second), y_ + 400, second);
+                rule_ = y_ + 700;
+            } else {
+                const std::string& text = grid1_.text(r, c);
+                pages_.print(centred(offset, cw, text), y_, text);
+            }
+            offset += cw;
+        }
+        y_ += kRowStep;
+        if (r == 0)
+            y_ += kRowStep;
+    }
+
+    // The row rule of the data table: a full page starts again with the heading and
+    // the first row.
+    void printGroup(const std::array<int, 2>& group) {
+        for (int r = 0; r < grid1_.rows(); ++r) {
+            printGroupRow(group, r);
+            if (y_ > pages_.height() - 1500) {
+                breakPage();
+                for (int again = 0; again <= 1 && again < grid1_.rows(); ++again)
+                    printGroupRow(group, again);
+            }
+        }
+    }
+
+    // One row of the statistics or the estimates, each cell centred in its column;
+    // skip is a column left out (-1 for none).
+    void printCells(const TextTable& grid, int r, int skip) {
+        double offset = 0;
+        for (int c = 0; c < grid.cols(); ++c) {
+            if (c == skip)
+                continue;
+            const double cw = grid.columnWidth(c) + kColumnGap;
+            if (grid.picture(r, c) == kChiSquarePicture) {
+                pages_.print(centred(offset, cw, "") - 20, y_, kChiSquareText);
+            } else {
+                const std::string& text = grid.text(r, c);
+                pages_.print(centred(offset, cw, text), y_, text);
+            }
+            offset += cw;
+        }
+        y_ += kRowStep;
+    }
+
+    void printStatistics() {
+        const TextTable& grid = results_.tables().Grid22;
+        for (int r = 0; r < grid.rows(); ++r) {
+            if (y_ > pages_.height() - 1400)
+                breakPage();
+            printCells(grid, r, -1);
+        }
+    }
+
+    void printEstimates() {
+        const TextTable& grid = results_.tables().Grid2;
+        constexpr int kSpacer = estimatecol::Gap;
+        for (int r = 0; r < grid.rows(); ++r) {
+            if (y_ > pages_.height() - 1500) {
+                rule();
+                breakPage();
+                for (int heading = 0; heading <= 1 && heading < grid.rows(); ++heading)
+                    printCells(grid, heading, kSpacer);
+            }
+            printCells(grid, r, kSpacer);
+        }
+    }
+
+    const LineResults& results_;
+    TablePages& pages_;
+    const TextTable& grid1_;
+    double y_ = kFirstLine;
+    double rule_ = 0;
+};
+
+}  // namespace
+
+double FixedFontMeasure(std::string_view text, const TextFont& font) {
+    return static_cast<double>(text.size()) * font.points * 10;
+}
+
+std::vector<Drawing> PrintTables(const LineResults& results, double pageWidth, double pageHeight,
+                                 const FontMeasure& measure) {
+    TablePages pages(pageWidth, pageHeight, measure);
+    TablesPrinter(results, pages).print();
+    return pages.take();
+}
+
+Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
+                   const std::string& doseAxisTitle, SharedRegisters& shared, double pageWidth,
+                   double pageHeight, const FontMeasure& measure) {
+    const double plotWidth = layout.Picture1.width;
+    const double plotHeight = layout.Picture1.height;
+    Drawing d(pageWidth, pageHeight);
+    if (plotWidth <= 0 || plotHeight <= 0)
+        return d;
+    const double R = std::min((pageWidth - 3000) / plotWidth, (pageHeight - 3000) / plotHeight);
+    const double W = plotWidth * R;
+    const double H = plotHeight * R;
+    const double L = (pageWidth - W) / 2;
+    const double T = 1000;
+    const double B = T + H;
+
+    d.setPenWidth(2);
+    const TextFont font{"", 9};
+    d.setFont(font);
+    auto printAt = [&d](double x, double y, const std::string& text) {
+        d.setCurrentPosition(x, y);
+        d.print(text);
+    };
+    auto halfWidth = [&](const std::string& text) { return measure(text, font) / 2; };
+
+    // The frame: nine boxes, each a twip inside the one before.
+    for (int i = 0; i < 9; ++i)
+        d.box(L + i, T + i, L + W - i, B - i);
+
+    const std::string& leftEnd = chart.leftEndLabel().caption;
+    const std::string& rightEnd = chart.rightEndLabel().caption;
+    printAt(L - halfWidth(leftEnd), B + 200, leftEnd);
+    printAt(L + W - halfWidth(rightEnd), B + 200, rightEnd);
+    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
+        const ChartLabel& tick = chart.tickLabel(i);
+        if (tick.left <= 0)
+            continue;
+        const double x = (tick.left + 15) * R + L;
+        d.line(x, B, x, B - 50);
+        const std::string& caption = chart.doseLabel(i).caption;
+        printAt(x - halfWidth(caption), B + 200, caption);
+    }
+    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i) {
+        const ChartLabel& label = chart.percentLabel(i);
+        printAt(L - 350, label.top * R + T - 75, label.caption);
+    }
+    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j) {
+        const ChartLabel& label = chart.probitLabel(j);
+        printAt(L + W + 150, label.top * R + T, label.caption);
+    }
+    printAt((pageWidth - measure(doseAxisTitle, font)) / 2, B + 600, doseAxisTitle);
+
+    // The line, from the coordinate table of the range the chart shows.
+    const TextTable& points = chart.adjustRange() ? chart.Grid4() : chart.Grid3();
+    auto coordinate = [](const TextTable& table, int r, int c) {
+        const std::string& cell = table.text(r, c);
+        return cell.empty() ? 0.0 : NumberOf(cell);
+    };
+    for (int r = 2; r < points.rows(); ++r) {
+        d.line(R * coordinate(points, r - 1, pointcol::X) + L,
+               B - R * coordinate(points, r - 1, pointcol::Y),
+               R * coordinate(points, r, pointcol::X) + L,
+               B - R * coordinate(points, r, pointcol::Y));
+    }
+
+    // Marks, without the percent at the left axis.
+    const FitResult& fit = shared.fit;
+    for (const std::string& mark : chart.marks()) {
+        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
+        const double logDose = LineLogDose(probit, fit);
+        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
+        const double xm = x * R + L;
+        const double ym = B - R * ChartY(probit, plotHeight);
+        d.line(L, ym, xm, ym);
+        d.line(xm, ym, xm, B);
+        if (chart.showEstimates()) {
+            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
+            FormatEstimate(shared);
+            printAt(xm + 20, B - 300, shared.WorkText);
+        }
+    }
+
+    if (chart.showPoints()) {
+        d.setPenWidth(10);
+        const TextTable& observed = chart.Grid5();
+        for (int r = 1; r < observed.rows(); ++r)
+            d.point(coordinate(observed, r, pointcol::X) * R + L,
+                    B - R * coordinate(observed, r, pointcol::Y));
+    }
+    d.setPenWidth(1);
+
+    // The two axis titles at their size on the screen, turned to read upward.
+    d.setFont(TextFont{"", 8.5, true});
+    auto title = [&](double left, const LayoutRect& picture, const char* text) {
+        const double top = T + (H - picture.height) / 2;
+        d.text(left + picture.width / 2, top + picture.height / 2, text, HorizontalAnchor::Centre,
+               VerticalAnchor::Middle, kBlack, 90);
+    };
+    title(L - 800, layout.Pictprcent, kPercentAxisTitle);
+    title(L + W + 500, layout.Pictprob, kProbitAxisTitle);
+    return d;
+}
+
+bool Print1Form::CopiesAcceptKey(char key) {
+    return (key >= '0' && key <= '9') || key == '\b';
+}
+
+std::string Print1Form::CopiesLostFocus(const std::string& text) {
+    if (text.empty())
+        return "0";
+    const auto number = ParseNumber(text);
+    return number ? PlainText(*number) : text;
+}
+
+int CopiesOf(const std::string& text) {
+    const auto number = ParseNumber(text);
+    if (!number || *number < 0)
+        return 0;
+    if (*number > kMostCopies)
+        return -1;
+    return static_cast<int>(*number);
+}
+
+std::vector<int> Print1Form::Command1(UserPort& port) const {
+    const int tables = Check1 ? CopiesOf(Text1) : 0;
+    const int charts = Check2 ? CopiesOf(Text2) : 0;
+    if (tables < 0 || charts < 0) {
+        port.tell(kTooManyCopies);
+        return {};
+    }
+    std::vector<int> codes(static_cast<std::size_t>(tables), 3);
+    codes.insert(codes.end(), static_cast<std::size_t>(charts), 4);
+    return codes;
+}
+
+}  // namespace morvane
