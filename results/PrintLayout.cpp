@@ -313,13 +313,21 @@ Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
     return d;
 }
 
-bool Print1Form::CopiesAcceptKey(char key) {
+PrintForm::PrintForm(PrintFormKind kind) : kind_(kind) {
+    if (kind == PrintFormKind::Print2) {
+        Option1 = false;
+        Check3 = false;
+        Check4 = false;
+    }
+}
+
+bool PrintForm::CopiesAcceptKey(char key) {
     return (key >= '0' && key <= '9') || key == '\b';
 }
 
-std::string Print1Form::CopiesLostFocus(const std::string& text) {
+std::string PrintForm::CopiesLostFocus(const std::string& text) const {
     if (text.empty())
-        return "0";
+        return kind_ == PrintFormKind::Print2 ? "1" : "0";
     const auto number = ParseNumber(text);
     return number ? PlainText(*number) : text;
 }
@@ -333,15 +341,16 @@ int CopiesOf(const std::string& text) {
     return static_cast<int>(*number);
 }
 
-std::vector<int> Print1Form::Command1(UserPort& port) const {
+std::vector<int> PrintForm::Command1(UserPort& port) const {
     const int tables = Check1 ? CopiesOf(Text1) : 0;
     const int charts = Check2 ? CopiesOf(Text2) : 0;
     if (tables < 0 || charts < 0) {
         port.tell(kTooManyCopies);
         return {};
     }
-    std::vector<int> codes(static_cast<std::size_t>(tables), 3);
-    codes.insert(codes.end(), static_cast<std::size_t>(charts), 4);
+    const bool relative = kind_ == PrintFormKind::Print2;
+    std::vector<int> codes(static_cast<std::size_t>(tables), relative ? 5 : 3);
+    codes.insert(codes.end(), static_cast<std::size_t>(charts), relative ? 6 : 4);
     return codes;
 }
 

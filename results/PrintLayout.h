@@ -56,18 +56,28 @@ Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
 inline constexpr int kMostCopies = 999;
 inline constexpr const char* kTooManyCopies = "No more than 999 copies can be printed at once.";
 
-// The dialog "print" of the results window (print1). It keeps its settings while the
-// results window stays.
-class Print1Form {
+// The two dialogs "print": print1 of the results window of one line (codes 3 and 4,
+// both orientations portrait for the tables and landscape for the chart at first,
+// "Print header" boxes, an empty copies box becomes "0") and print2 of the relative
+// results (codes 5 and 6, both landscape at first, no header boxes, an empty copies
+// box becomes "1").
+enum class PrintFormKind { Print1, Print2 };
+
+// A dialog "print" as logic. It keeps its settings while its results window stays.
+class PrintForm {
   public:
+    explicit PrintForm(PrintFormKind kind = PrintFormKind::Print1);
+
+    PrintFormKind kind() const { return kind_; }
+
     // Tables: Check1 "Print", Text1 the copies, Option1 "Portrait" / Option2
-    // "Landscape", Check3 "Print header".
+    // "Landscape", Check3 "Print header" (print1 only).
     bool Check1 = true;
     std::string Text1 = "1";
     bool Option1 = true;
     bool Check3 = true;
     // Graphic: Check2 "Print", Text2 the copies, Option4 "Portrait" / Option3
-    // "Landscape", Check4 "Print header".
+    // "Landscape", Check4 "Print header" (print1 only).
     bool Check2 = true;
     std::string Text2 = "1";
     bool Option4 = false;
@@ -93,13 +103,18 @@ class Print1Form {
 
     // A copies box takes digits and Backspace only.
     static bool CopiesAcceptKey(char key);
-    // Leaving a copies box: empty becomes "0", a number its plain text.
-    static std::string CopiesLostFocus(const std::string& text);
+    // Leaving a copies box: empty becomes "0" (print1) or "1" (print2), a number its
+    // plain text.
+    std::string CopiesLostFocus(const std::string& text) const;
 
-    // "Print": the codes to send to the results window's channel, in order: "3" as
-    // many times as Text1 says when the tables are checked, then "4" as many times as
-    // Text2 says when the chart is. Too many copies are told and give none.
+    // "Print": the codes to send to the results window's channel, in order: the
+    // tables' code as many times as Text1 says when the tables are checked, then the
+    // chart's as many times as Text2 says when the chart is. Too many copies are
+    // told and give none.
     std::vector<int> Command1(UserPort& port) const;
+
+  private:
+    PrintFormKind kind_;
 };
 
 // The copies that a box's text asks for; -1 when more than kMostCopies.

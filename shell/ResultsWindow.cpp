@@ -66,8 +66,8 @@ ResultsWindow::ResultsWindow(Program& program)
     command11_ = new QPushButton("back to Input tabls", this);
     command15_ = new QPushButton("Help", this);
     connect(command5_, &QPushButton::clicked, this, [this] { saveResultsIntoFiles(); });
-    connect(command9_, &QPushButton::clicked, this,
-            [this] { program_.laterVersion("Printing the results"); });
+    printing_ = std::make_unique<LinePrinting>(*this, program_);
+    connect(command9_, &QPushButton::clicked, this, [this] { printing_->Command9(); });
     connect(command10_, &QPushButton::clicked, this, [this] {
         if (tab1_->currentIndex() == 0) {
             QApplication::clipboard()->setText(

@@ -21,6 +21,7 @@
 #include "results/LineResults.h"
 #include "shell/ChartWidget.h"
 #include "shell/FilteredLineEdit.h"
+#include "shell/LinePrinting.h"
 #include "shell/QtTextMeasurer.h"
 #include "shell/TextTableView.h"
 
@@ -36,6 +37,8 @@ class ResultsWindow : public QWidget {
 
     LineResults& results() { return *results_; }
     LogProbitChart& chart() { return *chart_; }
+    ChartWidget* chartWidget() const { return chartWidget_; }
+    LinePrinting& printing() { return *printing_; }
 
     // Shows the tables after a calculation: caption, cells, notice.
     void showTables();
@@ -108,6 +111,7 @@ class ResultsWindow : public QWidget {
 
     QPushButton *command5_, *command9_, *command10_, *command11_, *command15_;
     bool refreshing_ = false;
+    std::unique_ptr<LinePrinting> printing_;
 };
 
 }  // namespace morvane

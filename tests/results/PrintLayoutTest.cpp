@@ -240,7 +240,7 @@ TEST_F(PrintChartTest, PointsArePrintedWithAPenOfTenAndMarksWithoutPercentText) 
 
 TEST(Print1FormTest, PrintSendsTablesThenChartAsManyTimesAsTheCopiesSay) {
     ScriptedUserPort port;
-    Print1Form form;
+    PrintForm form;
     form.Text1 = "3";
     form.Text2 = "2";
     EXPECT_EQ(form.Command1(port), (std::vector<int>{3, 3, 3, 4, 4}));
@@ -256,7 +256,7 @@ TEST(Print1FormTest, PrintSendsTablesThenChartAsManyTimesAsTheCopiesSay) {
 
 TEST(Print1FormTest, TooManyCopiesAreToldAndNothingIsPrinted) {
     ScriptedUserPort port;
-    Print1Form form;
+    PrintForm form;
     form.Text2 = "1000";
     EXPECT_TRUE(form.Command1(port).empty());
     ASSERT_EQ(port.messages.size(), 1u);
@@ -266,17 +266,18 @@ TEST(Print1FormTest, TooManyCopiesAreToldAndNothingIsPrinted) {
 }
 
 TEST(Print1FormTest, CopiesBoxesTakeDigitsAndBecomePlainNumbers) {
-    EXPECT_TRUE(Print1Form::CopiesAcceptKey('7'));
-    EXPECT_TRUE(Print1Form::CopiesAcceptKey('\b'));
-    EXPECT_FALSE(Print1Form::CopiesAcceptKey('-'));
-    EXPECT_FALSE(Print1Form::CopiesAcceptKey('.'));
-    EXPECT_EQ(Print1Form::CopiesLostFocus(""), "0");
-    EXPECT_EQ(Print1Form::CopiesLostFocus("007"), "7");
-    EXPECT_EQ(Print1Form::CopiesLostFocus("12"), "12");
+    const PrintForm form;
+    EXPECT_TRUE(PrintForm::CopiesAcceptKey('7'));
+    EXPECT_TRUE(PrintForm::CopiesAcceptKey('\b'));
+    EXPECT_FALSE(PrintForm::CopiesAcceptKey('-'));
+    EXPECT_FALSE(PrintForm::CopiesAcceptKey('.'));
+    EXPECT_EQ(form.CopiesLostFocus(""), "0");
+    EXPECT_EQ(form.CopiesLostFocus("007"), "7");
+    EXPECT_EQ(form.CopiesLostFocus("12"), "12");
 }
 
 TEST(Print1FormTest, OrientationsChooseThePreviewsAndTheChecksEnableTheirGroups) {
-    Print1Form form;
+    PrintForm form;
     EXPECT_EQ(form.tablesOrientation(), PageOrientation::Portrait);
     EXPECT_EQ(form.chartOrientation(), PageOrientation::Landscape);
     EXPECT_TRUE(form.Picture2Visible());
@@ -290,6 +291,23 @@ TEST(Print1FormTest, OrientationsChooseThePreviewsAndTheChecksEnableTheirGroups)
     form.Check1 = false;
     EXPECT_FALSE(form.tablesEnabled());
     EXPECT_TRUE(form.graphicEnabled());
+}
+
+}  // namespace
+}  // namespace morvane
+
+namespace morvane {
+namespace {
+
+TEST(Print2FormTest, StartsLandscapeWithoutHeadersAndSendsCodesFiveAndSix) {
+    ScriptedUserPort port;
+    PrintForm form(PrintFormKind::Print2);
+    EXPECT_EQ(form.tablesOrientation(), PageOrientation::Landscape);
+    EXPECT_EQ(form.chartOrientation(), PageOrientation::Landscape);
+    EXPECT_EQ(form.CopiesLostFocus(""), "1");
+    EXPECT_EQ(form.CopiesLostFocus("03"), "3");
+    form.Text1 = "3";
+    EXPECT_EQ(form.Command1(port), (std::vector<int>{5, 5, 5, 6}));
 }
 
 }  // namespace

@@ -1,0 +1,145 @@
+#include "shell/PrintRoute.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <cmath>
+
+#include "core/Fault.h"
+#include "results/ResultsExport.h"
+#include "shell/DrawingPainter.h"
+
+namespace morvane {
+namespace {
+
+std::optional<QString>& PdfOutput() {
+    static std::optional<QString> path;
+    return path;
+}
+
+// Measures at a fine resolution, where a font's widths are not rounded to pixels.
+constexpr double kMeasureDotsPerInch = 1200;
+
+QPageLayout::Orientation ToQtOrientation(PageOrientation orientation) {
+    return orientation == PageOrientation::Landscape ? QPageLayout::Landscape
+                                                     : QPageLayout::Portrait;
+}
+
+}  // namespace
+
+double PrintFontMeasure(std::string_view text, const TextFont& font) {
+    static const QImage device = [] {
+        QImage image(1, 1, QImage::Format_RGB32);
+        const int dotsPerMetre = static_cast<int>(std::lround(kMeasureDotsPerInch / 0.0254));
+        image.setDotsPerMeterX(dotsPerMetre);
+        image.setDotsPerMeterY(dotsPerMetre);
+        return image;
+    }();
+    const QFontMetricsF metrics(ToQFont(font), &device);
+    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return metrics.horizontalAdvance(line) / kMeasureDotsPerInch * kTwipsPerInch;
+}
+
+void PrintRoute::add(PageOrientation orientation, Compose compose) {
+    jobs_.push_back(Job{orientation, std::move(compose)});
+}
+
+void PrintRoute::paint(QPagedPaintDevice& device) const {
+    QPainter painter;
+    bool first = true;
+    for (const Job& job : jobs_) {
+        QPageLayout layout = device.pageLayout();
+        layout.setOrientation(ToQtOrientation(job.orientation));
+        layout.setMargins(QMarginsF(0, 0, 0, 0));
+        device.setPageLayout(layout);
+        const QRectF paper = layout.fullRectPoints();
+        const std::vector<Drawing> pages =
+            job.compose(paper.width() * kTwipsPerPoint, paper.height() * kTwipsPerPoint);
+        for (const Drawing& page : pages) {
+            if (first) {
+                if (!painter.begin(&device))
+                    throw Fault("the printer could not be started");
+                first = false;
+            } else {
+                device.newPage();
+            }
+            PaintDrawing(painter, page);
+        }
+    }
+    if (painter.isActive())
+        painter.end();
+}
+
+std::string PrintRoute::pdf() const {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setCreator("Morvane");
+        writer.setTitle("Probit analysis results");
+        writer.setResolution(1200);
+        writer.setPageSize(QPageSize(QPrinterInfo::defaultPrinter().isNull()
+                                         ? QPageSize::A4
+                                         : QPrinterInfo::defaultPrinter().defaultPageSize()));
+        paint(writer);
+    }
+    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+bool PrintRoute::run(QWidget* parent, UserPort& port) const {
+    if (jobs_.empty())
+        return false;
+    if (PdfOutput() || QPrinterInfo::availablePrinterNames().isEmpty()) {
+        std::optional<std::string> path;
+        if (PdfOutput()) {
+            path = PdfOutput()->toStdString();
+        } else {
+            port.tell(kNoPrinter);
+            path = AskExportFile(
+                port, FileDialog{"Save the pages as PDF", "PDF documents (*.pdf)|*.pdf", "", ""},
+                ".pdf");
+        }
+        if (!path)
+            return false;
+        std::string bytes;
+        try {
+            bytes = pdf();
+        } catch (const Fault& failure) {
+            port.tell(std::string(kSaveFailed) + "\n" + failure.what());
+            return false;
+        }
+        return WriteExportFile(port, *path, bytes);
+    }
+    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+    printer.setFullPage(true);
+    QPrintPreviewDialog preview(&printer, parent);
+    preview.setWindowTitle("Print preview");
+    bool failed = false;
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                     [this, &failed](QPrinter* device) {
+                         try {
+                             paint(*device);
+                         } catch (const Fault&) {
+                             failed = true;
+                         }
+                     });
+    const bool printed = preview.exec() == QDialog::Accepted;
+    if (failed)
+        port.tell("The pages could not be printed.");
+    return printed && !failed;
+}
+
+void PrintRoute::setPdfOutput(std::optional<QString> path) {
+    PdfOutput() = std::move(path);
+}
+
+}  // namespace morvane
