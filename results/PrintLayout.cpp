@@ -52,25 +52,6 @@ class TablePages {
     std::vector<Drawing> pages_;
 };
 
-// The groups of the data table's columns that fit the usable width, as first and
-// last column. lastColumn is the last column that is printed.
-std::vector<std::array<int, 2>> ColumnGroups(const TextTable& grid, int lastColumn, double usable) {
-    std::vector<std::array<int, 2>> groups;
-    int first = 0;
-    double sum = 0;
-    for (int c = 0; c <= lastColumn; ++c) {
-        sum += grid.columnWidth(c) + kColumnGap;
-        if (c < lastColumn && sum + grid.columnWidth(c + 1) + kColumnGap > usable) {
-            groups.push_back({first, c});
-            first = c + 1;
-            sum = 0;
-        }
-    }
-    if (first <= lastColumn)
-        groups.push_back({first, lastColumn});
-    return groups;
-}
-
 class TablesPrinter {
   public:
     TablesPrinter(const LineResults& results, TablePages& pages)
@@ -78,7 +59,7 @@ class TablesPrinter {
 
     void print() {
         const double height = pages_.height();
-        const auto groups = ColumnGroups(grid1_, grid1_.cols() - 1, pages_.usableWidth());
+        const auto groups = PrintColumnGroups(grid1_, grid1_.cols() - 1, pages_.usableWidth());
         if (!groups.empty())
             printGroup(groups.front());
 
@@ -199,6 +180,24 @@ class TablesPrinter {
 };
 
 }  // namespace
+
+std::vector<std::array<int, 2>> PrintColumnGroups(const TextTable& grid, int lastColumn,
+                                                  double usable) {
+    std::vector<std::array<int, 2>> groups;
+    int first = 0;
+    double sum = 0;
+    for (int c = 0; c <= lastColumn; ++c) {
+        sum += grid.columnWidth(c) + kColumnGap;
+        if (c < lastColumn && sum + grid.columnWidth(c + 1) + kColumnGap > usable) {
+            groups.push_back({first, c});
+            first = c + 1;
+            sum = 0;
+        }
+    }
+    if (first <= lastColumn)
+        groups.push_back({first, lastColumn});
+    return groups;
+}
 
 double FixedFontMeasure(std::string_view text, const TextFont& font) {
     return static_cast<double>(text.size()) * font.points * 10;

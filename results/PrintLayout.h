@@ -8,6 +8,7 @@
 // Every value is twips from the top left corner of the paper. The pages carry only
 // what the layout below puts on them: no header, whatever "Print header" says.
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -40,6 +41,12 @@ struct PrintJob {
 // The font of the printed tables and the text of the chi-square picture in them.
 inline constexpr double kPrintTablePoints = 11;
 inline constexpr const char* kChiSquareText = "\xCF\x87\xC2\xB2";  // chi squared
+
+// The groups of a table's columns 0 to lastColumn that fit the usable width, each as
+// its first and last column: a column takes its width plus 400, and a group ends
+// where the next column would pass the width.
+std::vector<std::array<int, 2>> PrintColumnGroups(const TextTable& grid, int lastColumn,
+                                                  double usableWidth);
 
 // The tables on pages of the given size: the first group of columns of the data
 // table, the statistics, the estimates, then each further group of columns on a page
