@@ -67,12 +67,18 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
             [this] {
                 return ComposeResultsWorkbook(RelativeTableText(*rtvout_), TextTable(0, 0), {});
             });
-        redrawFigure();
         SaveChartBitmap(
-            program_.port(), [this] { return chartWidget_->figure(); }, EncodePicture);
+            program_.port(), [this] { return printing_->picture(); }, EncodePicture);
     });
-    connect(command9_, &QPushButton::clicked, this,
-            [this] { program_.laterVersion("Printing the relative results"); });
+    // The chart is drawn at the size of its tab, also while the tab is not showing.
+    printing_ = std::make_unique<RtvoutPrinting>(*this, program_, [this] {
+        graphPage_->layout()->activate();
+        redrawFigure();
+    });
+    connect(command9_, &QPushButton::clicked, this, [this] {
+        if (rtvout_)
+            printing_->Command9();
+    });
     connect(command10_, &QPushButton::clicked, this, [this] {
         if (!rtvout_)
             return;
@@ -80,12 +86,7 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
             QApplication::clipboard()->setText(QString::fromStdString(RelativeTableText(*rtvout_)));
             return;
         }
-        QImage image(chartWidget_->size(), QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        chartWidget_->paintFigure(painter);
-        painter.end();
-        QApplication::clipboard()->setImage(image);
+        QApplication::clipboard()->setImage(DrawingImage(printing_->picture()));
     });
     connect(tab1_, &QTabWidget::currentChanged, this, [this](int tab) {
         const QString caption = tab == 1 ? "Copy graphic" : "Copy tables";

@@ -22,6 +22,7 @@
 #include "relative/Rtvout.h"
 #include "shell/MultiChartWidget.h"
 #include "shell/QtTextMeasurer.h"
+#include "shell/RtvoutPrinting.h"
 #include "shell/TextTableView.h"
 
 namespace morvane {
@@ -72,6 +73,7 @@ class RtvoutWindow : public QWidget {
     QPushButton* Command10() const { return command10_; }
     QPushButton* Command11() const { return command11_; }
     QPushButton* Command15() const { return command15_; }
+    RtvoutPrinting& printing() { return *printing_; }
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -111,6 +113,7 @@ class RtvoutWindow : public QWidget {
 
     QPushButton *command5_, *command9_, *command10_, *command11_, *command15_;
     bool refreshing_ = false;
+    std::unique_ptr<RtvoutPrinting> printing_;
 };
 
 }  // namespace morvane

@@ -9,6 +9,7 @@
 #include "RelativeTestSupport.h"
 #include "ShellTestSupport.h"
 #include "relative/RelativeExport.h"
+#include "relative/RelativePrinting.h"
 #include "shell/MultiChartWidget.h"
 #include "shell/RtvinWindow.h"
 #include "shell/RtvoutWindow.h"
@@ -51,11 +52,14 @@ class RelativeExportWindowTest : public QObject {
         out = nullptr;
     }
 
-    // The chart's picture is the figure of the "Graph" tab at its size there, so the
-    // tab has been shown.
+    // The chart's picture is composed afresh from the chart of the "Graph" tab, at one
+    // and a half times its plot, with the legend beside it.
     void tableTextAndChartGoIntoTheirFiles() {
         out->Tab1()->setCurrentIndex(1);
-        const QSize chartSize = out->findChild<MultiChartWidget*>()->size();
+        const Drawing picture = out->printing().picture();
+        QCOMPARE(picture.height(),
+                 kLinePictureTop + out->chart().plotHeight() * kLinePictureScale + 800 + 600);
+        const QSize chartSize(qRound(picture.width() / 15), qRound(picture.height() / 15));
         f->port.saveAnswers.push_back(f->path("strains.xls").toStdString());
         f->port.saveAnswers.push_back(f->path("strains.png").toStdString());
         Click(out->Command5());
