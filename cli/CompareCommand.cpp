@@ -7,8 +7,10 @@
 #include <iostream>
 #include <optional>
 
+#include "cli/ChartFiles.h"
 #include "cli/CliCommand.h"
 #include "cli/ConsoleUserPort.h"
+#include "core/Fault.h"
 #include "core/SharedRegisters.h"
 #include "document/LineDocument.h"
 #include "relative/DocumentLineCalculator.h"
@@ -16,6 +18,8 @@
 #include "relative/RelativeExport.h"
 #include "relative/Rtvin.h"
 #include "results/LineResults.h"
+#include "results/ResultsExport.h"
+#include "results/ResultsWorkbook.h"
 #include "results/TextMeasurer.h"
 
 namespace morvane::cli {
@@ -43,9 +47,15 @@ const char* const kCompareUsage =
     "                             repeatable, and it replaces the default 90\n"
     "        --no-add             no further percentages\n"
     "        --from P, --to P     the drawn part of each line [20, 80]\n"
+    "        --xlsx OUT.xlsx      also writes the table as a workbook, as \"Save\n"
+    "                             results into files\" does\n"
+    "        --chart OUT          also writes the chart of the lines as the picture\n"
+    "                             of \"Save results into files\": SVG, PNG, PDF or\n"
+    "                             BMP by the name's extension\n"
     "      Warnings (units that differ, other abbreviations) go to standard error.\n"
     "      Exit status: 0 done; 1 a line could not be read or calculated, which\n"
-    "      ends the whole comparison; 2 a value the window refuses, or wrong usage.\n";
+    "      ends the whole comparison, or a file could not be written (an old one\n"
+    "      stays as it was); 2 a value the window refuses, or wrong usage.\n";
 
 namespace {
 
@@ -194,6 +204,27 @@ bool SetOptions(Rtvin& rtvin, const CompareRequest& request, ComparePort& port, 
 
 }  // namespace
 
+namespace {
+
+// The workbook and the chart that the request asks for beside the table text.
+bool WriteCompareFiles(const CompareRequest& request, Rtvout& rtvout, SharedRegisters& shared,
+                       UserPort& port, std::ostream& err) {
+    if (!request.workbook.empty()) {
+        std::string bytes;
+        try {
+            bytes = ComposeResultsWorkbook(RelativeTableText(rtvout), TextTable(0, 0), {});
+        } catch (const Fault& failure) {
+            err << kSaveFailed << '\n' << failure.what() << '\n';
+            return false;
+        }
+        if (!WriteResultFile(request.workbook, bytes, err))
+            return false;
+    }
+    return request.chart.empty() || WriteComparisonChart(request.chart, rtvout, shared, port, err);
+}
+
+}  // namespace
+
 int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream& err) {
     SharedRegisters shared;
     ComparePort port(err, request.progress);
@@ -225,7 +256,7 @@ int CompareLines(const CompareRequest& request, std::ostream& out, std::ostream&
     port.clearProgress();
     switch (outcome) {
         case BatchOutcome::Shown:
-            return 0;
+            return WriteCompareFiles(request, *rtvin.rtvout(), shared, port, err) ? 0 : kFailed;
         case BatchOutcome::LimitsInvalid:
             return kRefused;
         case BatchOutcome::Cancelled:
@@ -260,6 +291,10 @@ int RunCompare(const std::vector<std::string>& args, std::ostream& out, std::ost
             value = &request.indexReference;
         } else if (arg == "--rr-ref") {
             value = &request.ratioReference;
+        } else if (arg == "--xlsx") {
+            value = &request.workbook;
+        } else if (arg == "--chart") {
+            value = &request.chart;
         } else if (arg == "--from") {
             value = given(request.from);
         } else if (arg == "--to") {
@@ -293,6 +328,8 @@ int RunCompare(const std::vector<std::string>& args, std::ostream& out, std::ost
     }
     if (request.files.empty())
         return kWrongUsage;
+    if (!request.chart.empty() && !ChartFileNameIsGood("compare", request.chart, err))
+        return kRefused;
     // A folder would only fail later in the reading, with the system's terse words.
     for (const std::string& file : request.files) {
         std::error_code error;

@@ -33,6 +33,8 @@ struct CompareRequest {
     std::optional<std::string> from;  // "20"
     std::optional<std::string> to;    // "80"
     std::vector<std::string> files;
+    std::string workbook;  // --xlsx: the table also as a workbook, when not empty
+    std::string chart;     // --chart: the chart also as a picture file, when not empty
     // Where "line i of n" goes while the lines are calculated; none for no progress.
     std::ostream* progress = nullptr;
 };

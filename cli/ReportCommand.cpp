@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "cli/ChartFiles.h"
 #include "cli/CliCommand.h"
 #include "cli/ConsoleUserPort.h"
 #include "core/LineCalculation.h"
@@ -18,6 +19,7 @@ namespace morvane::cli {
 
 const char* const kReportUsage =
     "  report FILE.mrv [--percent P]... [--dose D]... [--xlsx OUT.xlsx]\n"
+    "         [--chart OUT.svg|.png|.pdf|.bmp]\n"
     "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
     "      its probit line as the Calculate button does (a reverse slope is\n"
     "      accepted) and prints the results tables as tab-separated text: the text\n"
@@ -31,7 +33,13 @@ const char* const kReportUsage =
     "      error and adds no row.\n"
     "        --xlsx OUT.xlsx  also writes the results as a workbook: the results\n"
     "                     text on the sheet \"Results\", the data table on \"Data\",\n"
-    "                     numbers as numbers, as \"Save results into files\" does\n";
+    "                     numbers as numbers, as \"Save results into files\" does\n"
+    "        --chart OUT  also writes the chart as the picture that \"Save results\n"
+    "                     into files\" writes, by the name's extension: SVG, PNG,\n"
+    "                     PDF or BMP, as the results window shows it at its least\n"
+    "                     size\n"
+    "      A file that can't be written is told, leaves what stood there as it\n"
+    "      was, and makes the exit status 1.\n";
 
 namespace {
 
@@ -132,6 +140,8 @@ int ReportLine(const ReportRequest& request, std::ostream& out, std::ostream& er
             return 1;
         }
     }
+    if (!request.chart.empty() && !WriteLineChart(request.chart, results, shared, err))
+        return 1;
     return 0;
 }
 
@@ -152,6 +162,12 @@ int RunReport(const std::vector<std::string>& args, std::ostream& out, std::ostr
             if (i + 1 >= args.size())
                 return kWrongUsage;
             request.workbook = args[++i];
+        } else if (arg == "--chart") {
+            if (i + 1 >= args.size())
+                return kWrongUsage;
+            request.chart = args[++i];
+            if (!ChartFileNameIsGood("report", request.chart, err))
+                return 2;
         } else if (arg.size() > 1 && arg[0] == '-') {
             return kWrongUsage;
         } else if (!haveFile) {

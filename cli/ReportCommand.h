@@ -24,13 +24,14 @@ struct ReportRequest {
     std::string file;
     std::vector<ReportQuery> queries;
     std::string workbook;  // --xlsx: the results also as a workbook, when not empty
+    std::string chart;     // --chart: the chart also as a picture file, when not empty
 };
 
 // The lines of the usage text for this command.
 extern const char* const kReportUsage;
 
 // Runs the request: exit status 0 when the results were written, 1 when the line
-// can't be calculated or the workbook can't be saved (the reason on err; an old
+// can't be calculated or the workbook or the chart can't be saved (the reason on err; an old
 // workbook stays as it was), 2 when the file can't be read.
 int ReportLine(const ReportRequest& request, std::ostream& out, std::ostream& err);
 

@@ -2,8 +2,6 @@
 
 #include <QBuffer>
 #include <QFile>
-#include <QFontMetricsF>
-#include <QImage>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
@@ -11,7 +9,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <cmath>
 
 #include "core/Fault.h"
 #include "results/ResultsExport.h"
@@ -25,28 +22,12 @@ std::optional<QString>& PdfOutput() {
     return path;
 }
 
-// Measures at a fine resolution, where a font's widths are not rounded to pixels.
-constexpr double kMeasureDotsPerInch = 1200;
-
 QPageLayout::Orientation ToQtOrientation(PageOrientation orientation) {
     return orientation == PageOrientation::Landscape ? QPageLayout::Landscape
                                                      : QPageLayout::Portrait;
 }
 
 }  // namespace
-
-double PrintFontMeasure(std::string_view text, const TextFont& font) {
-    static const QImage device = [] {
-        QImage image(1, 1, QImage::Format_RGB32);
-        const int dotsPerMetre = static_cast<int>(std::lround(kMeasureDotsPerInch / 0.0254));
-        image.setDotsPerMeterX(dotsPerMetre);
-        image.setDotsPerMeterY(dotsPerMetre);
-        return image;
-    }();
-    const QFontMetricsF metrics(ToQFont(font), &device);
-    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    return metrics.horizontalAdvance(line) / kMeasureDotsPerInch * kTwipsPerInch;
-}
 
 void PrintRoute::add(PageOrientation orientation, Compose compose) {
     jobs_.push_back(Job{orientation, std::move(compose)});

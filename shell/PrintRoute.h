@@ -15,6 +15,7 @@
 
 #include "core/UserPort.h"
 #include "results/PrintLayout.h"
+#include "shell/FontMeasure.h"
 
 class QPagedPaintDevice;
 
@@ -22,9 +23,6 @@ namespace morvane {
 
 inline constexpr const char* kNoPrinter =
     "No printer is installed.\nThe pages can be saved as a PDF document instead.";
-
-// The width of a text on paper, in twips, measured with the toolkit's fonts.
-double PrintFontMeasure(std::string_view text, const TextFont& font);
 
 class PrintRoute {
   public:

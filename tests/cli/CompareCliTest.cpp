@@ -385,9 +385,15 @@ TEST_F(CompareCliTest, HelpPrintsTheUsageWithTheBlockOfCompare) {
         "                             repeatable, and it replaces the default 90\n"
         "        --no-add             no further percentages\n"
         "        --from P, --to P     the drawn part of each line [20, 80]\n"
+        "        --xlsx OUT.xlsx      also writes the table as a workbook, as \"Save\n"
+        "                             results into files\" does\n"
+        "        --chart OUT          also writes the chart of the lines as the picture\n"
+        "                             of \"Save results into files\": SVG, PNG, PDF or\n"
+        "                             BMP by the name's extension\n"
         "      Warnings (units that differ, other abbreviations) go to standard error.\n"
         "      Exit status: 0 done; 1 a line could not be read or calculated, which\n"
-        "      ends the whole comparison; 2 a value the window refuses, or wrong usage.\n";
+        "      ends the whole comparison, or a file could not be written (an old one\n"
+        "      stays as it was); 2 a value the window refuses, or wrong usage.\n";
     EXPECT_NE(result.out.find("Commands:\n"), std::string::npos);
     EXPECT_NE(result.out.find(block), std::string::npos) << result.out;
     EXPECT_EQ(result.out, RunCli({"--help"}, folder.path()).out);

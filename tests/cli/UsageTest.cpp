@@ -26,6 +26,7 @@ const std::string kUsageHead =
     "Commands:\n";
 const std::string kReportBlock =
     "  report FILE.mrv [--percent P]... [--dose D]... [--xlsx OUT.xlsx]\n"
+    "         [--chart OUT.svg|.png|.pdf|.bmp]\n"
     "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
     "      its probit line as the Calculate button does (a reverse slope is\n"
     "      accepted) and prints the results tables as tab-separated text: the text\n"
@@ -39,7 +40,13 @@ const std::string kReportBlock =
     "      error and adds no row.\n"
     "        --xlsx OUT.xlsx  also writes the results as a workbook: the results\n"
     "                     text on the sheet \"Results\", the data table on \"Data\",\n"
-    "                     numbers as numbers, as \"Save results into files\" does\n";
+    "                     numbers as numbers, as \"Save results into files\" does\n"
+    "        --chart OUT  also writes the chart as the picture that \"Save results\n"
+    "                     into files\" writes, by the name's extension: SVG, PNG,\n"
+    "                     PDF or BMP, as the results window shows it at its least\n"
+    "                     size\n"
+    "      A file that can't be written is told, leaves what stood there as it\n"
+    "      was, and makes the exit status 1.\n";
 const std::string kUsageFoot =
     "\n"
     "Options:\n"
