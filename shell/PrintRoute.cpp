@@ -9,6 +9,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <utility>
 
 #include "core/Fault.h"
 #include "results/ResultsExport.h"
@@ -20,6 +21,11 @@ namespace {
 std::optional<QString>& PdfOutput() {
     static std::optional<QString> path;
     return path;
+}
+
+std::function<void(QDialog&)>& PreviewHook() {
+    static std::function<void(QDialog&)> hook;
+    return hook;
 }
 
 QPageLayout::Orientation ToQtOrientation(PageOrientation orientation) {
@@ -37,13 +43,25 @@ void PrintRoute::paint(QPagedPaintDevice& device) const {
     QPainter painter;
     bool first = true;
     for (const Job& job : jobs_) {
-        QPageLayout layout = device.pageLayout();
-        layout.setOrientation(ToQtOrientation(job.orientation));
-        layout.setMargins(QMarginsF(0, 0, 0, 0));
-        device.setPageLayout(layout);
+        // A device that can't change its page in the middle of a document (the
+        // preview) keeps it; the job's pages are then turned onto the sheet, as a
+        // printer turns a landscape page onto its paper.
+        const QPageLayout::Orientation wanted = ToQtOrientation(job.orientation);
+        if (device.pageLayout().orientation() != wanted ||
+            device.pageLayout().margins() != QMarginsF(0, 0, 0, 0)) {
+            QPageLayout layout = device.pageLayout();
+            layout.setOrientation(wanted);
+            layout.setMargins(QMarginsF(0, 0, 0, 0));
+            device.setPageLayout(layout);
+        }
+        const QPageLayout layout = device.pageLayout();
+        const bool turned = layout.orientation() != wanted;
         const QRectF paper = layout.fullRectPoints();
-        const std::vector<Drawing> pages =
-            job.compose(paper.width() * kTwipsPerPoint, paper.height() * kTwipsPerPoint);
+        double width = paper.width() * kTwipsPerPoint;
+        double height = paper.height() * kTwipsPerPoint;
+        if (turned)
+            std::swap(width, height);
+        const std::vector<Drawing> pages = job.compose(width, height);
         for (const Drawing& page : pages) {
             if (first) {
                 if (!painter.begin(&device))
@@ -52,7 +70,13 @@ void PrintRoute::paint(QPagedPaintDevice& device) const {
             } else {
                 device.newPage();
             }
+            painter.save();
+            if (turned) {
+                painter.translate(painter.device()->width(), 0);
+                painter.rotate(90);
+            }
             PaintDrawing(painter, page);
+            painter.restore();
         }
     }
     if (painter.isActive())
@@ -79,6 +103,17 @@ std::string PrintRoute::pdf() const {
 bool PrintRoute::run(QWidget* parent, UserPort& port) const {
     if (jobs_.empty())
         return false;
+    if (PreviewHook()) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setFullPage(true);
+        QPrintPreviewDialog preview(&printer, parent);
+        preview.setWindowTitle("Print preview");
+        QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                         [this](QPrinter* device) { paint(*device); });
+        PreviewHook()(preview);
+        return false;
+    }
     if (PdfOutput() || QPrinterInfo::availablePrinterNames().isEmpty()) {
         std::optional<std::string> path;
         if (PdfOutput()) {
@@ -121,6 +156,10 @@ bool PrintRoute::run(QWidget* parent, UserPort& port) const {
 
 void PrintRoute::setPdfOutput(std::optional<QString> path) {
     PdfOutput() = std::move(path);
+}
+
+void PrintRoute::setPreviewHook(std::function<void(QDialog&)> hook) {
+    PreviewHook() = std::move(hook);
 }
 
 }  // namespace morvane

@@ -7,6 +7,7 @@
 //
 // A test sends the pages to a PDF file of its choosing instead, without dialogs.
 
+#include <QDialog>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -49,6 +50,9 @@ class PrintRoute {
     // For tests: every route writes a PDF document to this file, without a preview
     // (none: the ordinary routes).
     static void setPdfOutput(std::optional<QString> path);
+    // For the pictures of the documentation: the preview is made, even without a
+    // printer, and handed to the hook instead of being shown and printed.
+    static void setPreviewHook(std::function<void(QDialog& preview)> hook);
 
   private:
     std::vector<Job> jobs_;

@@ -1,6 +1,7 @@
 // Takes the screenshots of the documentation: the input window with an assay typed
 // in, the options dialog, the results window on both tabs, and the comparison: the
-// table of files, the relative results and the chart of 3 and of 20 lines. Run it under a
+// table of files, the relative results and the chart of 3 and of 20 lines; the dialog
+// "print", its preview and printed pages, and the exported SVG chart rendered. Run it under a
 // virtual X server of 1280 by 800 pixels with the folder for the pictures:
 //   xvfb-run -a -s "-screen 0 1280x800x24" build/tests/shell/shell_screenshots docs/screenshots
 
@@ -9,15 +10,22 @@
 #include <QComboBox>
 #include <QDir>
 #include <QListWidget>
+#include <QPainter>
 #include <QPixmap>
+#include <QProcess>
+#include <QSvgRenderer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <cstdio>
 
 #include "RelativeTestSupport.h"
 #include "ShellTestSupport.h"
+#include "results/ChartPicture.h"
 #include "shell/MainWindow.h"
 #include "shell/OptionsDialog.h"
+#include "shell/PictureExport.h"
 #include "shell/PredictionWindow.h"
+#include "shell/PrintDialog.h"
 #include "shell/ReductionWindow.h"
 #include "shell/ResultsWindow.h"
 #include "shell/RtvinWindow.h"
@@ -98,6 +106,74 @@ bool CalculatorScreenshots(ShellFixture& f, const QString& folder) {
     return ok;
 }
 
+// One page of what print() prints to a PDF document, as a picture at 60 dots to the
+// inch.
+bool PrintedPage(const QString& folder, const char* name, int page,
+                 const std::function<void()>& print) {
+    QTemporaryDir pages;
+    const QString pdf = pages.path() + "/printed.pdf";
+    PrintRoute::setPdfOutput(pdf);
+    print();
+    PrintRoute::setPdfOutput(std::nullopt);
+    const int status = QProcess::execute(
+        "pdftoppm", {"-png", "-r", "60", "-f", QString::number(page), "-l", QString::number(page),
+                     "-singlefile", pdf, folder + "/" + name});
+    std::printf("%s %s/%s.png\n", status == 0 ? "wrote" : "could not write", qPrintable(folder),
+                name);
+    return status == 0;
+}
+
+// The dialog "print", its preview, and the pages it prints to a PDF document, as
+// pictures; the exported SVG chart rendered to a picture.
+bool PrintScreenshots(ResultsWindow& results, SharedRegisters& shared, const QString& folder) {
+    Click(results.findChild<QPushButton*>("Command9"));
+    PrintDialog* dialog = results.printing().dialog();
+    if (!dialog)
+        return false;
+    dialog->move(200, 200);
+    ShowActive(*dialog);
+    bool ok = Save(*dialog, folder, "print-dialog.png");
+    PrintRoute::setPreviewHook([&](QDialog& preview) {
+        preview.resize(1100, 820);
+        preview.show();
+        QTest::qWait(600);
+        ok = Save(preview, folder, "print-preview.png") && ok;
+        preview.reject();
+    });
+    Click(dialog->Command1());
+    PrintRoute::setPreviewHook(nullptr);
+    QTemporaryDir pages;
+    const QString pdf = pages.path() + "/printed.pdf";
+    PrintRoute::setPdfOutput(pdf);
+    Click(results.findChild<QPushButton*>("Command9"));
+    Click(results.printing().dialog()->Command1());
+    PrintRoute::setPdfOutput(std::nullopt);
+    for (const auto& [page, name] :
+         {std::pair{1, "printed-tables"}, std::pair{2, "printed-chart"}}) {
+        const int status = QProcess::execute(
+            "pdftoppm", {"-png", "-r", "60", "-f", QString::number(page), "-l",
+                         QString::number(page), "-singlefile", pdf, folder + "/" + name});
+        std::printf("%s %s/%s.png\n", status == 0 ? "wrote" : "could not write", qPrintable(folder),
+                    name);
+        ok = status == 0 && ok;
+    }
+    // The SVG chart as a browser shows it.
+    const Drawing chart = ComposeChartPicture(results.chart(), results.chartWidget()->chartLayout(),
+                                              results.chartWidget()->Text7()->text().toStdString(),
+                                              shared, PictureTextMeasurer());
+    const std::string svg = EncodePicture(chart, PictureFormat::Svg);
+    QSvgRenderer renderer(QByteArray::fromStdString(svg));
+    QImage image(renderer.defaultSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    const bool saved = image.save(folder + "/exported-chart-svg.png");
+    std::printf("%s %s/exported-chart-svg.png\n", saved ? "wrote" : "could not write",
+                qPrintable(folder));
+    return saved && ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -165,6 +241,7 @@ int main(int argc, char** argv) {
     TypeInto(results->findChild<QLineEdit*>("Text6"), "90");
     Click(results->findChild<QPushButton*>("Command7"));
     ok = Save(*results, folder, "results-graph.png") && ok;
+    ok = PrintScreenshots(*results, f.program->shared(), folder) && ok;
     if (!f.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(f.port.failures.join("; ")));
     f.program->endProgram();
@@ -199,6 +276,12 @@ int main(int argc, char** argv) {
     Click(rtvout->Check1());
     Click(rtvout->Check2());
     ok = Save(*rtvout, folder, "relative-graph-3.png") && ok;
+    ok = PrintedPage(folder, "printed-comparison-chart", 2,
+                     [&] {
+                         Click(rtvout->Command9());
+                         Click(rtvout->printing().dialog()->Command1());
+                     }) &&
+         ok;
     Click(rtvout->Command11());
     ShowActive(*rtvin);
     std::vector<std::string> more;
