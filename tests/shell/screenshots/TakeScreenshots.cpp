@@ -1,8 +1,8 @@
 // Takes the screenshots of the documentation: the input window with an assay typed
 // in, the options dialog, the results window on both tabs, and the comparison: the
 // table of files, the relative results and the chart of 3 and of 20 lines; the dialog
-// "print", its preview and printed pages, and the exported SVG chart rendered. Run it under a
-// virtual X server of 1280 by 800 pixels with the folder for the pictures:
+// "print", its preview and printed pages, and the exported SVG chart rendered. Run it
+// under a virtual X server of 1280 by 800 pixels with the folder for the pictures:
 //   xvfb-run -a -s "-screen 0 1280x800x24" build/tests/shell/shell_screenshots docs/screenshots
 
 #include <QApplication>
