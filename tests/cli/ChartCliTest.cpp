@@ -145,6 +145,25 @@ TEST_F(ChartCliTest, AFolderThatCantBeWrittenKeepsItsOldPicture) {
     EXPECT_EQ(locked.err.rfind("An error occurred while saving this file.\n", 0), 0u);
 }
 
+// A disk that fills while the picture is written, played by a file-size limit of
+// 4 kilobytes: the picture is larger, the failure is told and the old file stays.
+TEST_F(ChartCliTest, AFullDiskIsToldAndTheOldPictureStays) {
+    WriteBytes(folder.file("old.png"), "old picture");
+    const std::string command = "cd " + testing::ShellWord(folder.path()) +
+                                " && ulimit -f 4 && exec " + testing::ShellWord(MORVANE_CLI_PATH) +
+                                " report rotenone.mrv --chart old.png >/dev/null 2>err.txt";
+    const int raw = std::system(command.c_str());
+    ASSERT_TRUE(WIFEXITED(raw));
+    EXPECT_EQ(WEXITSTATUS(raw), 1);
+    EXPECT_EQ(bytes("err.txt").rfind("An error occurred while saving this file.\n", 0), 0u);
+    EXPECT_EQ(bytes("old.png"), "old picture");
+    // Nothing of the attempt is left beside it.
+    int files = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        ++files;
+    EXPECT_EQ(files, 4);  // the two line files, the old picture and err.txt
+}
+
 TEST_F(ChartCliTest, CompareWritesTheWorkbookAndTheChartOfTheLines) {
     const CliResult plain = RunCli({"compare", "rotenone.mrv", "strainB.mrv"}, folder.path());
     ASSERT_EQ(plain.status, 0);
