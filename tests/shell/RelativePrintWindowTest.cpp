@@ -2,8 +2,11 @@
 // dialog print2 with its design values, and the table and chart it prints, read back
 // from a PDF file with poppler-utils.
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -12,6 +15,8 @@
 #include "PrintSupport.h"
 #include "RelativeTestSupport.h"
 #include "ShellTestSupport.h"
+#include "relative/RelativeExport.h"
+#include "relative/RelativePrinting.h"
 #include "shell/PrintDialog.h"
 #include "shell/RtvinWindow.h"
 #include "shell/RtvoutWindow.h"
@@ -115,6 +120,23 @@ class RelativePrintWindowTest : public QObject {
             QFile::remove(docs + "/printed-comparison.pdf");
             QVERIFY(QFile::copy(pdf, docs + "/printed-comparison.pdf"));
         }
+    }
+
+    // "Copy graphic" puts the comparison's own chart picture on the clipboard, at one
+    // and a half times the plot with the legend beside it; "Copy tables" the text.
+    void copyGraphicPutsTheChartPictureOnTheClipboard() {
+        out->Tab1()->setCurrentIndex(1);
+        QCOMPARE(out->Command10()->text(), QString("Copy graphic"));
+        Click(out->Command10());
+        const QImage image = QApplication::clipboard()->image();
+        const Drawing picture = out->printing().picture();
+        QCOMPARE(image.size(), QSize(qRound(picture.width() / 15), qRound(picture.height() / 15)));
+        QCOMPARE(picture.height(),
+                 kLinePictureTop + out->chart().plotHeight() * kLinePictureScale + 800 + 600);
+        out->Tab1()->setCurrentIndex(0);
+        Click(out->Command10());
+        QCOMPARE(QApplication::clipboard()->text(),
+                 QString::fromStdString(RelativeTableText(out->rtvout())));
     }
 
     void bothOffPrintsNothing() {
