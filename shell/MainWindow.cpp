@@ -179,6 +179,8 @@ MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
     recentCaption->setFont(captionFont);
     recentList_ = new QListWidget(startPage_);
     recentList_->setObjectName("RecentList");
+    recentList_->setSpacing(3);
+    recentList_->setIconSize(QSize(24, 24));
     startLayout->addWidget(recentCaption);
     startLayout->addWidget(recentList_);
     startPage_->hide();
@@ -333,7 +335,9 @@ void MainWindow::refresh() {
         (!recent.isEmpty() && recentList_->item(0)->data(Qt::UserRole).toString() != recent[0])) {
         recentList_->clear();
         for (const QString& path : recent) {
-            auto* item = new QListWidgetItem(QFileInfo(path).fileName(), recentList_);
+            auto* item = new QListWidgetItem(
+                style()->standardIcon(QStyle::SP_FileIcon),
+                QFileInfo(path).fileName() + "    " + QFileInfo(path).absolutePath(), recentList_);
             item->setToolTip(path);
             item->setData(Qt::UserRole, path);
         }

@@ -281,7 +281,7 @@ class DesktopConventionsTest : public QObject {
                 QVERIFY(next.findChild<QWidget*>("StartPage")->isVisible());
                 QListWidget* list = next.recentList();
                 QCOMPARE(list->count(), 2);
-                QCOMPARE(list->item(1)->text(), QString("one.mrv"));
+                QCOMPARE(list->item(1)->text(), "one.mrv    " + g.folder.path());
                 QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                                   list->visualItemRect(list->item(1)).center());
                 QCOMPARE(next.windowTitle(), QString("Morvane, one.mrv[*]"));

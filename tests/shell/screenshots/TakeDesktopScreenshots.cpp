@@ -94,7 +94,8 @@ int main(int argc, char** argv) {
     TypeLine(f, main);
     f.port.saveAnswers.push_back(f.path("Malathion on Culex.mrv").toStdString());
     Click(main.CommandSave());
-    EnterRow(main, "16", "25", "0");
+    // A change after the save: the status bar and the title mark it.
+    TypeInto(main.TextName(), "Malathion on Culex pipiens larvae, 24 h");
     main.Grid1()->setFocus();
     ok = Save(main, name("main-default")) && ok;
 
