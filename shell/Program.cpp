@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QPushButton>
+#include <QTimer>
 #include <exception>
 
 #include "core/LineCalculation.h"
@@ -193,6 +194,39 @@ bool Program::openFile(const QString& path) {
     else if (!QFileInfo::exists(path))
         recent_->remove(path);
     return opened;
+}
+
+namespace {
+
+// Runs its action once, after the first showing of the window it watches.
+class OnFirstShow : public QObject {
+  public:
+    OnFirstShow(QWidget& window, std::function<void()> action)
+        : QObject(&window), action_(std::move(action)) {
+        window.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            QTimer::singleShot(0, parent(), action_);
+            deleteLater();
+        }
+        return false;
+    }
+
+  private:
+    std::function<void()> action_;
+};
+
+}  // namespace
+
+void Program::openAtStart(const QString& path) {
+    if (main_->isVisible()) {
+        openFile(path);
+        return;
+    }
+    new OnFirstShow(*main_, [this, path] { openFile(path); });
 }
 
 void Program::helpInFront() {

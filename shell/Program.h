@@ -75,6 +75,9 @@ class Program : public QObject, public DocumentObserver {
     // recent files): the save-changes question, then the file; the messages are those
     // of Open. True when the file was opened.
     bool openFile(const QString& path);
+    // The file named on the command line: it opens as soon as the input window shows,
+    // so that its messages stand over that window.
+    void openAtStart(const QString& path);
     // F1: the help of the window in front, through that window's own Help button.
     void helpInFront();
     OptionsDialog& optionsDialog();

@@ -85,11 +85,8 @@ int main(int argc, char** argv) {
         port.setParent(&program->mainWindow());
         QObject::connect(program.get(), &morvane::Program::programEnded, &app, &QApplication::quit,
                          Qt::QueuedConnection);
-        if (!lineFile.isEmpty()) {
-            // The file opens once the input window shows, so that its messages stand
-            // over it.
-            QTimer::singleShot(0, program.get(), [&] { program->openFile(lineFile); });
-        }
+        if (!lineFile.isEmpty())
+            program->openAtStart(lineFile);
         return &program->mainWindow();
     };
 

@@ -296,6 +296,23 @@ class DesktopConventionsTest : public QObject {
         }
     }
 
+    // `morvane FILE.mrv`: the file opens once the input window shows.
+    void theCommandLinesFileOpensWhenTheWindowShows() {
+        NewLine(*f);
+        TypeRow(*main, "2", "5", "15");
+        SaveAs(*f, *main, "named.mrv");
+        ShellFixture g;
+        MainWindow& input = g.program->mainWindow();
+        g.program->openAtStart(f->path("named.mrv"));
+        QTest::qWait(20);
+        QCOMPARE(input.windowTitle(), QString("Morvane[*]"));
+        QVERIFY(ShowActive(input));
+        QTRY_COMPARE(input.windowTitle(), QString("Morvane, named.mrv[*]"));
+        QCOMPARE(input.Grid1()->cellText(1, 1), QString("2"));
+        QVERIFY(g.port.messages.empty());
+        g.program->endProgram();
+    }
+
     void recentFilesKeepTheLastTen() {
         RecentFiles recent;
         for (int i = 1; i <= 12; ++i)
