@@ -163,6 +163,21 @@ class DesktopConventionsTest : public QObject {
         QVERIFY(f->program->ended());
     }
 
+    // Ctrl+P is the Print button of the results window.
+    void ctrlPPrintsInTheResultsWindow() {
+        NewLine(*f);
+        TypeAssay(*main);
+        Click(main->CommandCalc());
+        ResultsWindow* results = f->program->resultsWindow();
+        QVERIFY(results);
+        QVERIFY(ShowActive(*results));
+        auto* print = results->findChild<QPushButton*>("Command9");
+        QVERIFY(print);
+        QSignalSpy printed(print, &QAbstractButton::clicked);
+        QTest::keyClick(results->findChild<QLineEdit*>("Text3"), Qt::Key_P, Qt::ControlModifier);
+        QTRY_COMPARE(printed.count(), 1);  // the button shows itself pressed first
+    }
+
     void saveAsCancelledKeepsTheFile() {
         NewLine(*f);
         TypeRow(*main, "2", "5", "15");
