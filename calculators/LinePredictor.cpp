@@ -121,7 +121,7 @@ void LinePredictor::Command1() {
     }
     const double difference = *d1 - *d2;
     if (difference > -kEqualDoses && difference < kEqualDoses) {
-        port_.tell(kIllegalSlope);
+        port_.warn(kIllegalSlope);
         return;
     }
     if (!(*d1 > 0) || !(*d2 > 0)) {
@@ -138,7 +138,7 @@ void LinePredictor::Command1() {
     const double slope = (*y1 - *y2) / (l1 - l2);
     // Doses so close that their logarithms are equal make an infinite slope too.
     if (!std::isfinite(slope)) {
-        port_.tell(kIllegalSlope);
+        port_.warn(kIllegalSlope);
         return;
     }
     twoPointSlope_ = slope;
@@ -173,18 +173,18 @@ bool LinePredictor::leave(Box box) {
         return true;
     const auto value = numberOf(box);
     if (!value) {
-        port_.tell(kNotANumber);
+        port_.warn(kNotANumber);
         return false;
     }
     if (IsPointResponse(box)) {
         setText(box, PlainText(*value));
         if (*value < 1 || *value > 99) {
-            port_.tell(box == Box::Text4 ? kSecondPointInvalid : kFirstPointInvalid);
+            port_.warn(box == Box::Text4 ? kSecondPointInvalid : kFirstPointInvalid);
             return false;
         }
     }
     if (IsPointDose(box) && *value == 0) {
-        port_.tell(kDoseOfZero);
+        port_.warn(kDoseOfZero);
         return false;
     }
     return true;
@@ -202,7 +202,7 @@ std::optional<Box> LinePredictor::press(Button button) {
         case Button::Command5: {
             const auto slope = numberOf(Box::Text9);
             if (!slope) {
-                port_.tell(kNotANumber);
+                port_.warn(kNotANumber);
                 return Box::Text9;
             }
             return button == Button::Command6
@@ -217,11 +217,11 @@ std::optional<Box> LinePredictor::predictResponse(Box doseBox, Box responseBox, 
                                                   const std::string& intercept) {
     const auto dose = numberOf(doseBox);
     if (!dose) {
-        port_.tell(kNotANumber);
+        port_.warn(kNotANumber);
         return doseBox;
     }
     if (!(*dose > 0)) {
-        port_.tell(kDoseOfZero);
+        port_.warn(kDoseOfZero);
         return doseBox;
     }
     const double x = Log10(*dose);
@@ -230,7 +230,7 @@ std::optional<Box> LinePredictor::predictResponse(Box doseBox, Box responseBox, 
         setText(responseBox, probit_.ProbitToPercent(PlainText(y)));
         return std::nullopt;
     }
-    port_.tell(kOutOfScale);
+    port_.warn(kOutOfScale);
     return doseBox;
 }
 
@@ -238,26 +238,26 @@ std::optional<Box> LinePredictor::predictDose(Box responseBox, Box doseBox, doub
                                               const std::string& intercept) {
     const auto percent = numberOf(responseBox);
     if (!percent) {
-        port_.tell(kNotANumber);
+        port_.warn(kNotANumber);
         return responseBox;
     }
     if (*percent < 1 || *percent > 99) {
-        port_.tell(kOutOfScale);
+        port_.warn(kOutOfScale);
         return std::nullopt;
     }
     const auto y = probitOf(*percent);
     if (!y) {
-        port_.tell(kNotANumber);
+        port_.warn(kNotANumber);
         return responseBox;
     }
     if (slope == 0) {
-        port_.tell(kFlatLine);
+        port_.warn(kFlatLine);
         return responseBox;
     }
     const double x = (*y - NumberOf(intercept)) / slope;
     const double dose = PowerOfTen(x);
     if (!std::isfinite(dose)) {
-        port_.tell(kDoseTooLarge);
+        port_.warn(kDoseTooLarge);
         return responseBox;
     }
     format_.WorkValue = dose;

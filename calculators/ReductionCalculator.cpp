@@ -92,7 +92,7 @@ bool ReductionCalculator::leave(Box box) {
         return true;
     const auto value = ParseNumber(current);
     if (!value) {
-        port_.tell(kInvalidValue);
+        port_.warn(kInvalidValue);
         return false;
     }
     setText(box, PlainText(*value));
@@ -127,7 +127,7 @@ Box ReductionCalculator::OK(Tab tab) {
     } catch (const Refusal& refusal) {
         // Any failure of a conversion, an empty box for one, ends in the one message.
         if (!refusal.told)
-            port_.tell(kInvalidValue);
+            port_.warn(kInvalidValue);
         return refusal.box;
     }
     addResultRow(tab, boxes, result);

@@ -149,7 +149,7 @@ bool ResponseAtDose(SharedRegisters& shared, UserPort& port) {
     shared.WorkValue = y;
     const std::string& percent = shared.probit.ProbitToPercent(PlainText(y));
     if (percent == "out of scale") {
-        port.tell("This value is out of scale");
+        port.warn("This value is out of scale");
         return false;
     }
     shared.WorkValue = NumberOf(percent);

@@ -47,7 +47,7 @@ CalculationOutcome TestSlope(Twin twin, double b, SharedRegisters& shared, UserP
     auto refuse = [&](const std::string& what, const std::string& limit) {
         const std::string tail = limit + "\nMorvane can't calculate it";
         if (twin == Twin::Line) {
-            port.tell("Your data " + what + "\n" + tail);
+            port.warn("Your data " + what + "\n" + tail);
         } else {
             shared.BatchMessage = batchHead + what + "\n" + tail;
             shared.BatchFailed = 1;
@@ -72,7 +72,7 @@ CalculationOutcome TestSlope(Twin twin, double b, SharedRegisters& shared, UserP
 
 CalculationOutcome RefuseIllegalSlope(Twin twin, SharedRegisters& shared, UserPort& port) {
     if (twin == Twin::Line) {
-        port.tell(std::string("Your data Revealed an illegal slope\n") + kIllegalSlopeTail);
+        port.warn(std::string("Your data Revealed an illegal slope\n") + kIllegalSlopeTail);
     } else {
         // The batch twin shows this one as a box too, and leaves BatchFailed alone.
         port.tell("Data in the file " + shared.BatchName + "\nrevealed an illegal slope\n" +
@@ -103,7 +103,7 @@ bool RefuseControlOnlyRows(Twin twin, const CalculationInput& input, SharedRegis
         if (!grid2.text(row, lastColumn).empty())
             continue;
         if (twin == Twin::Line) {
-            port.tell("Morvane detected missing data\nline no. " + RowNumber(row) +
+            port.warn("Morvane detected missing data\nline no. " + RowNumber(row) +
                       " which is labeled " + grid2.text(row, 0) +
                       "\nhas only control value.\nPlease add treated value or remove all "
                       "the replicates of this point.");
@@ -238,7 +238,7 @@ CalculationOutcome GuardedCalculate(Twin twin, const CalculationInput& input,
         reason = std::string("the response table is not complete (") + error.what() + ")";
     }
     if (twin == Twin::Line) {
-        port.tell(CalculationFaultMessage(reason));
+        port.tellError(CalculationFaultMessage(reason));
     } else {
         shared.BatchMessage = "Can't calculate " + shared.BatchName + ":\n" + reason;
         shared.BatchFailed = 1;

@@ -199,7 +199,39 @@ std::string FormatNumber(double value, std::string_view pattern) {
     return FormatFixed(value, decimals);
 }
 
-std::optional<double> ParseNumber(std::string_view text) {
+namespace {
+
+char typedDecimalSeparator = '.';
+
+// The text with the locale's separator read as the point.
+std::optional<std::string> WithDecimalPoint(std::string_view text) {
+    if (typedDecimalSeparator == '.' || text.find(typedDecimalSeparator) == std::string_view::npos)
+        return std::nullopt;
+    std::string pointed(text);
+    for (char& c : pointed) {
+        if (c == typedDecimalSeparator)
+            c = '.';
+    }
+    return pointed;
+}
+
+}  // namespace
+
+void SetTypedDecimalSeparator(std::string_view separator) {
+    const bool usable = separator.size() == 1 && separator[0] != '+' && separator[0] != '-' &&
+                        !std::isdigit(static_cast<unsigned char>(separator[0])) &&
+                        separator[0] != 'e' && separator[0] != 'E';
+    typedDecimalSeparator = usable ? separator[0] : '.';
+}
+
+char TypedDecimalSeparator() {
+    return typedDecimalSeparator;
+}
+
+namespace {
+
+// The standard conversion, with the point as the only decimal separator.
+std::optional<double> ParsePointNumber(std::string_view text) {
     std::size_t i = 0;
     std::size_t end = text.size();
     while (i < end && IsBlank(text[i]))
@@ -248,6 +280,17 @@ std::optional<double> ParseNumber(std::string_view text) {
     if (error != std::errc() || stop != t.data() + t.size())
         return std::nullopt;
     return v;
+}
+
+}  // namespace
+
+std::optional<double> ParseNumber(std::string_view text) {
+    if (const std::optional<std::string> pointed = WithDecimalPoint(text)) {
+        if (text.find('.') != std::string_view::npos)
+            return std::nullopt;
+        return ParsePointNumber(*pointed);
+    }
+    return ParsePointNumber(text);
 }
 
 double NumberOf(std::string_view text) {

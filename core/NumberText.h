@@ -36,7 +36,16 @@ std::string FormatNumber(double value, std::string_view pattern);
 
 // Text to number, the standard conversion: optional blanks, an optional sign, digits
 // with an optional decimal point, an optional exponent. Empty or anything else: none.
+// The decimal separator of the user's locale, when it is not the point, is read as
+// the point too, so a user of a decimal-comma locale may type "2,5" for 2.5; a text
+// holding both the point and that separator is no number.
 std::optional<double> ParseNumber(std::string_view text);
+
+// The decimal separator of the user's locale, which the desktop program sets at start
+// (one character; "." by default, and for any text that is not one character).
+// Writing is not affected: every written number keeps the point.
+void SetTypedDecimalSeparator(std::string_view separator);
+char TypedDecimalSeparator();
 
 // The number of a text that must hold one; throws Fault otherwise.
 double NumberOf(std::string_view text);

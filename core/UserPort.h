@@ -9,6 +9,9 @@
 namespace morvane {
 
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+// The icon of a message box. Exclamation is the warning icon, Critical the error icon.
+// None leaves the choice to the port, which gives the icon that fits the box: the
+// question icon to a box with a choice, the information icon to a plain notice.
 enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Answer { Ok, Cancel, Yes, No };
 
@@ -38,6 +41,14 @@ struct InputRequest {
     std::string defaultText;
 };
 
+// The icon that a box shows: its own, or when it has none, the question icon for a
+// box with a choice and the information icon for a plain notice.
+inline Icon FittingIcon(const Message& message) {
+    if (message.icon != Icon::None)
+        return message.icon;
+    return message.buttons == Buttons::Ok ? Icon::Information : Icon::Question;
+}
+
 class UserPort {
   public:
     virtual ~UserPort() = default;
@@ -50,6 +61,11 @@ class UserPort {
 
     // A plain OK box with the application's title.
     void tell(const std::string& text) { ask(Message{text}); }
+    // The same box for an input that is refused: the warning icon.
+    void warn(const std::string& text) { ask(Message{text, Buttons::Ok, Icon::Exclamation}); }
+    // The same box for a file that could not be read or written, or a command that
+    // stopped: the error icon.
+    void tellError(const std::string& text) { ask(Message{text, Buttons::Ok, Icon::Critical}); }
 };
 
 }  // namespace morvane

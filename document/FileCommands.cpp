@@ -114,6 +114,23 @@ void LineDocument::CommandOpen() {
     OpenLineFile(*path);
 }
 
+bool LineDocument::CommandOpenFile(const std::string& path) {
+    switch (askSaveChanges()) {
+        case Answer::Yes:
+            CommandSave();
+            if (file_.Modified() != 0)
+                return false;  // the save was cancelled or failed: nothing is opened
+            break;
+        case Answer::Cancel:
+            setFocus(Focus::TextDose);
+            notify();
+            return false;
+        default:
+            break;
+    }
+    return OpenLineFile(path);
+}
+
 void LineDocument::CommandRelative() {
     if (!passSaveChangesQuestion(MainCommand::Relative))
         return;
@@ -164,11 +181,21 @@ void LineDocument::CommandSave() {
         file_.Write(options_.controls, table_.Grid1(), notes_);
     } catch (const std::exception& e) {
         dropPendingAfterFailedSave();
-        port_.tell(std::string("An error occurred while saving this file.\n") + e.what());
+        port_.tellError(std::string("An error occurred while saving this file.\n") + e.what());
         notify();
         return;
     }
     saveTail();
+}
+
+void LineDocument::CommandSaveAs() {
+    const LineFile before = file_;
+    file_.ForgetName();
+    CommandSave();
+    if (file_.FilePath().empty()) {
+        file_ = before;
+        notify();
+    }
 }
 
 // The save dialog, asked again while the user refuses to replace an existing line

@@ -28,7 +28,7 @@ void LineDocument::setFocus(Focus focus) {
 }
 
 void LineDocument::refuse(const Refusal& refusal) {
-    port_.tell(refusal.text);
+    port_.warn(refusal.text);
     setFocus(refusal.focus);
 }
 
@@ -36,7 +36,7 @@ void LineDocument::runCommand(const std::function<void()>& command) {
     try {
         command();
     } catch (const std::exception& e) {
-        port_.tell(StoppedCommandMessage(e.what()));
+        port_.tellError(StoppedCommandMessage(e.what()));
     }
     notify();
 }

@@ -186,12 +186,20 @@ class LineDocument {
     void CommandNew();
     // Open: the question, the open dialog, then OpenLineFile.
     void CommandOpen();
+    // Open of a file named without the dialog (on the command line, dropped on the
+    // window, picked from the recent files): the question of Open, then OpenLineFile.
+    // Yes saves first and opens only when the save went through. False when nothing
+    // was opened.
+    bool CommandOpenFile(const std::string& path);
     // Save: asks about data left in the input cells; without a FilePath shows the save
     // dialog with the cleaned treatment name and asks before replacing an existing
     // line file (so the window's save dialog must not ask its own overwrite
     // question); writes the file whole; then runs the command left in PendingCommand
     // and ends the program when ClosingAfterSave is 1.
     void CommandSave();
+    // Save under a new name: the save dialog even when the line has a file. A cancelled
+    // or failed save keeps the line's file and state as they were.
+    void CommandSaveAs();
     // Relative: the question, then relativeRequested.
     void CommandRelative();
     // The window is asked to close: the "save changes" question. True when it may

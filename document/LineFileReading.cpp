@@ -84,7 +84,7 @@ bool LineDocument::OpenLineFile(const std::string& path) {
         return true;
     } catch (const std::exception& e) {
         notify();
-        port_.tell(kOpeningError + ShortErrorText(e.what()));
+        port_.tellError(kOpeningError + ShortErrorText(e.what()));
         ResetLine();
         notify();
         return false;
@@ -153,7 +153,7 @@ bool LineDocument::ReadOlderFile(const std::string& path) {
         ResetLine();
         options_ = optionsBefore;
         notify();
-        port_.tell(kOpeningError + ShortErrorText(e.what()));
+        port_.tellError(kOpeningError + ShortErrorText(e.what()));
         return false;
     }
 }

@@ -115,7 +115,7 @@ void LineDocument::SaveOptionDefaults() {
     try {
         WriteOptionDefaults(programFolder_, options_.controls);
     } catch (const FileError& e) {
-        port_.tell(std::string("An error occurred when saving default\n") + e.what());
+        port_.tellError(std::string("An error occurred when saving default\n") + e.what());
     }
 }
 

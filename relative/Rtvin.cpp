@@ -114,8 +114,8 @@ void Rtvin::Command1Click(UserPort& port) {
         if (!name) {
             // A title too short to lose its extension stops the loop, as a failing
             // dialog does, without refreshing the lists.
-            port.tell(std::string("An error was occurred while opening this file.\n") +
-                      std::strerror(EINVAL));
+            port.tellError(std::string("An error was occurred while opening this file.\n") +
+                           std::strerror(EINVAL));
             return;
         }
         Grid1.setText(row, linecol::Name, *name);
@@ -180,12 +180,12 @@ void Rtvin::Command9Click(UserPort& port) {
 void Rtvin::Command2Click(UserPort& port) {
     const auto value = ParseNumber(Text2.text);
     if (!value) {
-        port.tell(kInvalidValue);
+        port.warn(kInvalidValue);
         focus = RtvinFocus::Text2;
         return;
     }
     if (*value > 99.9 || *value < 0.1) {
-        port.tell("This value is out of scale");
+        port.warn("This value is out of scale");
         focus = RtvinFocus::Text2;
         return;
     }
@@ -267,7 +267,7 @@ void Rtvin::Combo1LostFocus() {
 void Rtvin::Text1LostFocus(UserPort& port) {
     const auto value = ParseNumber(Text1.text);
     if (!value) {
-        port.tell(kInvalidValue);
+        port.warn(kInvalidValue);
         return;
     }
     if (*value < 1 || *value > 99) {
@@ -279,7 +279,7 @@ void Rtvin::Text1LostFocus(UserPort& port) {
     Frame4 = "Sorted " + abbreviation() + " (" + Text1.text + ")";
     const auto upper = ParseNumber(Text3.text);
     if (!upper) {
-        port.tell(kInvalidValue);
+        port.warn(kInvalidValue);
         return;
     }
     if (*upper < *value) {
@@ -303,7 +303,7 @@ void Rtvin::Text2LostFocus() {
 void Rtvin::Text3LostFocus(UserPort& port) {
     const auto value = WholeNumber16(Text3.text);
     if (!value) {
-        port.tell(kInvalidValue);
+        port.warn(kInvalidValue);
         focus = RtvinFocus::Text3;
         return;
     }
@@ -317,7 +317,7 @@ void Rtvin::Text3LostFocus(UserPort& port) {
 void Rtvin::Text4LostFocus(UserPort& port) {
     const auto value = ParseNumber(Text4.text);
     if (!value) {
-        port.tell(kInvalidValue);
+        port.warn(kInvalidValue);
         return;
     }
     // Unlike "To", "From" keeps a fraction.
@@ -384,7 +384,7 @@ void Rtvin::CheckLineLimits(UserPort& port) {
     const auto from = WholeNumber16(Text4.text);
     const auto to = WholeNumber16(Text3.text);
     if (!from || !to) {
-        port.tell(kInvalidValue);
+        port.warn(kInvalidValue);
         LimitsInvalid = true;
         return;
     }

@@ -428,7 +428,7 @@ ChartFocus LogProbitChart::addMark(UserPort& port) {
     if (!percent)
         return ChartFocus::MarkPercent;
     if (*percent > 99 || *percent < 1) {
-        port.tell(kOutOfScale);
+        port.warn(kOutOfScale);
         return ChartFocus::MarkPercent;
     }
     marks_.push_back(markPercent_);

@@ -130,7 +130,7 @@ void ResultQueries::Text2LostFocus() {
     if (const std::optional<double> value = ParseNumber(panels_.Text2)) {
         setText2(PlainText(*value));
     } else {
-        port_.tell(kInvalidValue);
+        port_.warn(kInvalidValue);
     }
 }
 
@@ -140,7 +140,7 @@ void ResultQueries::Text3LostFocus() {
     if (const std::optional<double> value = ParseNumber(panels_.Text3)) {
         setText3(PlainText(*value));
     } else {
-        port_.tell(kInvalidValue);
+        port_.warn(kInvalidValue);
     }
 }
 
@@ -153,7 +153,7 @@ void ResultQueries::Command3() {
     try {
         shared_.WorkValue = NumberOf(panels_.Text3);
         if (shared_.WorkValue > 99.9 || shared_.WorkValue < 0.1) {
-            port_.tell(kOutOfScale);
+            port_.warn(kOutOfScale);
             panels_.focus = QueryFocus::Text3;
             return;
         }
@@ -203,7 +203,7 @@ void ResultQueries::Command1() {
         const double dose = shared_.WorkValue;
         if (shared_.fit.Slope > 0) {
             if (dose > shared_.Dose99Percent || dose < shared_.Dose1Percent) {
-                port_.tell(kOutOfScale);
+                port_.warn(kOutOfScale);
                 setLabel2("");
                 panels_.focus = QueryFocus::Text2;
                 return;
@@ -265,7 +265,7 @@ void ResultQueries::SSTab2Click(int tab, bool windowVisible) {
 }
 
 void ResultQueries::faulted(const std::string& reason) {
-    port_.tell(QueryFaultMessage(reason));
+    port_.tellError(QueryFaultMessage(reason));
 }
 
 std::string QueryFaultMessage(const std::string& reason) {

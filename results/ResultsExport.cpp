@@ -80,7 +80,7 @@ bool WriteExportFile(UserPort& port, const std::string& path, const std::string&
         ReplaceFileContents(path, bytes);
         return true;
     } catch (const Fault& failure) {
-        port.tell(std::string(kSaveFailed) + "\n" + failure.what());
+        port.tellError(std::string(kSaveFailed) + "\n" + failure.what());
         return false;
     }
 }
@@ -101,7 +101,7 @@ bool SaveSpreadsheet(UserPort& port, const std::function<std::string()>& compose
     try {
         bytes = isWorkbook(*path) ? composeWorkbook() : compose();
     } catch (const Fault& failure) {
-        port.tell(std::string(kSaveFailed) + "\n" + failure.what());
+        port.tellError(std::string(kSaveFailed) + "\n" + failure.what());
         return false;
     }
     return WriteExportFile(port, *path, bytes);
@@ -127,7 +127,7 @@ bool SaveChartBitmap(UserPort& port, const std::function<Drawing()>& compose,
     try {
         bytes = encode(picture, PictureFormatOf(*path).value_or(PictureFormat::Bmp));
     } catch (const Fault& failure) {
-        port.tell(std::string(kSaveFailed) + "\n" + failure.what());
+        port.tellError(std::string(kSaveFailed) + "\n" + failure.what());
         return false;
     }
     return WriteExportFile(port, *path, bytes);

@@ -95,7 +95,7 @@ void HelpWindow::resizeEvent(QResizeEvent* event) {
 void OpenHelp(HelpWindow& viewer, const QString& programFolder, const QString& pageName,
               UserPort& port) {
     if (!viewer.navigate(programFolder + pageName))
-        port.tell("An error occur at loading help");
+        port.tellError("An error occur at loading help");
 }
 
 }  // namespace morvane

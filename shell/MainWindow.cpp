@@ -2,11 +2,20 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMimeData>
 #include <QResizeEvent>
+#include <QStatusBar>
 #include <QStyle>
+#include <QVBoxLayout>
 
+#include "shell/MainMenu.h"
 #include "shell/Program.h"
 #include "shell/QuoteGuard.h"
+#include "shell/RecentFiles.h"
 #include "shell/Twips.h"
 
 namespace morvane {
@@ -158,10 +167,46 @@ MainWindow::MainWindow(Program& program) : QWidget(nullptr), program_(program) {
         });
     });
 
+    // The start page stands over the tables while there is no line: the files opened
+    // last, each opened by a click.
+    startPage_ = new QWidget(picture1_);
+    startPage_->setObjectName("StartPage");
+    startPage_->setAutoFillBackground(true);
+    auto* startLayout = new QVBoxLayout(startPage_);
+    auto* recentCaption = new QLabel("Recent files", startPage_);
+    QFont captionFont = recentCaption->font();
+    captionFont.setBold(true);
+    recentCaption->setFont(captionFont);
+    recentList_ = new QListWidget(startPage_);
+    recentList_->setObjectName("RecentList");
+    recentList_->setSpacing(3);
+    recentList_->setIconSize(QSize(24, 24));
+    startLayout->addWidget(recentCaption);
+    startLayout->addWidget(recentList_);
+    startPage_->hide();
+    connect(recentList_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
+        program_.openFile(item->data(Qt::UserRole).toString());
+    });
+    connect(recentList_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+        program_.openFile(item->data(Qt::UserRole).toString());
+    });
+
+    menu_ = new MainMenu(*this, program_);
+    connect(&program_.recentFiles(), &RecentFiles::changed, this, [this] {
+        menu_->refreshRecent();
+        refresh();
+    });
+    menu_->refreshRecent();
+    setAcceptDrops(true);
+
     setMinimumSize(PixelsX(*this, MinFormWidth - kWindowFrameWidth),
-                   PixelsY(*this, MinFormHeight - kWindowFrameHeight));
+                   PixelsY(*this, MinFormHeight - kWindowFrameHeight) + barsHeight());
     resize(minimumSize());
     refresh();
+}
+
+int MainWindow::barsHeight() const {
+    return menu_->menuBar()->sizeHint().height() + menu_->statusBar()->sizeHint().height();
 }
 
 void MainWindow::place(QWidget* widget, double left, double top, double width, double height) {
@@ -245,7 +290,9 @@ void MainWindow::refresh() {
     const EntryLayout& layout = table.layout();
     const LineFile& file = doc.file();
     const SharedRegisters& shared = program_.shared();
-    setWindowTitle(QString::fromStdString(file.Caption()));
+    // The caption, with the mark of unsaved changes that the desktop shows.
+    setWindowTitle(QString::fromStdString(file.Caption()) + "[*]");
+    setWindowModified(file.Modified() != 0 && !file.FileTitle().empty());
 
     auto setText = [](QLineEdit* edit, const std::string& text) {
         const QString value = QString::fromStdString(text);
@@ -280,6 +327,23 @@ void MainWindow::refresh() {
 
     grid1_->refresh();
     grid2_->refresh();
+    // Each file opened or saved joins the recent files.
+    if (!file.FilePath().empty() && file.Modified() == 0)
+        program_.recentFiles().add(QString::fromStdString(file.FilePath()));
+    const QStringList& recent = program_.recentFiles().files();
+    if (recentList_->count() != recent.size() ||
+        (!recent.isEmpty() && recentList_->item(0)->data(Qt::UserRole).toString() != recent[0])) {
+        recentList_->clear();
+        for (const QString& path : recent) {
+            auto* item = new QListWidgetItem(
+                style()->standardIcon(QStyle::SP_FileIcon),
+                QFileInfo(path).fileName() + "    " + QFileInfo(path).absolutePath(), recentList_);
+            item->setToolTip(path);
+            item->setData(Qt::UserRole, path);
+        }
+    }
+    startPage_->setVisible(file.FileTitle().empty() && !recent.isEmpty());
+    menu_->refresh();
     refreshing_ = false;
 }
 
@@ -316,8 +380,9 @@ void MainWindow::ArrangeMainWindow() {
         return;
     picture1_->hide();
     // The window's sizes as the rules count them, frame included.
-    double formWidth = TwipsX(*this, width()) + kWindowFrameWidth;
-    double formHeight = TwipsY(*this, height()) + kWindowFrameHeight;
+    // The menu bar and the status bar stand outside the sizes of the rules, as the frame.
+    double formWidth = TwipsX(*this, content_->width()) + kWindowFrameWidth;
+    double formHeight = TwipsY(*this, content_->height()) + kWindowFrameHeight;
     if (formHeight <= MinFormHeight)
         formHeight = MinFormHeight;
     if (formWidth <= MinFormWidth)
@@ -340,12 +405,17 @@ void MainWindow::ArrangeMainWindow() {
     inside(commandCalc_, grid2Left, calcTop, grid2Width, kCalcHeight);
     const double nameWidth = formWidth - kWindowFrameWidth - kNameLeft - 200;
     place(textName_, kNameLeft, kCellTop, nameWidth, kCellHeight);
+    startPage_->setGeometry(0, 0, PixelsX(*this, pictureWidth), PixelsY(*this, grid1Height));
     picture1_->setVisible(program_.document().main().Picture1Visible);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    content_->setGeometry(rect());
+    const int barHeight = menu_->menuBar()->sizeHint().height();
+    const int statusHeight = menu_->statusBar()->sizeHint().height();
+    menu_->menuBar()->setGeometry(0, 0, width(), barHeight);
+    content_->setGeometry(0, barHeight, width(), height() - barHeight - statusHeight);
+    menu_->statusBar()->setGeometry(0, height() - statusHeight, width(), statusHeight);
     ArrangeMainWindow();
 }
 
@@ -353,6 +423,35 @@ void MainWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && !isMinimized())
         ArrangeMainWindow();
+}
+
+namespace {
+
+// The line file among the dropped ones: the first local file named *.mrv.
+QString DroppedLineFile(const QMimeData* data) {
+    if (data == nullptr || !data->hasUrls())
+        return {};
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile() && url.toLocalFile().endsWith(".mrv", Qt::CaseInsensitive))
+            return url.toLocalFile();
+    }
+    return {};
+}
+
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (contentEnabled_ && !DroppedLineFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+// A line file dropped on the window opens as Open opens it, after the same question.
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = DroppedLineFile(event->mimeData());
+    if (path.isEmpty() || !contentEnabled_)
+        return;
+    event->acceptProposedAction();
+    program_.openFile(path);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

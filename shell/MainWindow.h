@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QWidget>
 
@@ -18,6 +19,7 @@
 namespace morvane {
 
 class Program;
+class MainMenu;
 
 class MainWindow : public QWidget {
     Q_OBJECT
@@ -59,11 +61,20 @@ class MainWindow : public QWidget {
     TextTableView* Grid1() const { return grid1_; }
     TextTableView* Grid2() const { return grid2_; }
     QWidget* Picture1() const { return picture1_; }
+    MainMenu& menu() const { return *menu_; }
+    // The panel of the window's controls, between the menu bar and the status bar.
+    QWidget* content() const { return content_; }
+    // The height of the menu bar and the status bar together.
+    int barsHeight() const;
+    // The start page: the recent files, shown while there is no line.
+    QListWidget* recentList() const { return recentList_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     FilteredLineEdit* makeCell(InputCell cell);
@@ -85,6 +96,9 @@ class MainWindow : public QWidget {
     QWidget* picture1_;
     TextTableView *grid1_, *grid2_;
     QPushButton* commandCalc_;
+    MainMenu* menu_;
+    QWidget* startPage_;
+    QListWidget* recentList_;
     bool refreshing_ = false;
     bool contentEnabled_ = true;
 };

@@ -189,7 +189,7 @@ void PredictionWindow::press(Button button) {
         focus = calculator_.press(button);
     } catch (const std::exception& e) {
         // No press ends the program: what stopped it is told, the boxes stay.
-        port_.tell(std::string("Morvane stopped this calculation:\n") + e.what());
+        port_.tellError(std::string("Morvane stopped this calculation:\n") + e.what());
     }
     refresh();
     if (focus)

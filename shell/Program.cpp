@@ -1,6 +1,9 @@
 #include "shell/Program.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QTimer>
 #include <exception>
 
 #include "core/LineCalculation.h"
@@ -14,9 +17,12 @@
 #include "shell/OptionsDialog.h"
 #include "shell/PredictionWindow.h"
 #include "shell/ProbitDialog.h"
+#include "shell/RecentFiles.h"
 #include "shell/ReductionWindow.h"
 #include "shell/ResultsWindow.h"
 #include "shell/RtvinWindow.h"
+#include "shell/WindowGeometry.h"
+#include "shell/WindowPlacement.h"
 
 namespace morvane {
 
@@ -29,13 +35,17 @@ void TakePlaceOf(QWidget& window, const QWidget& other) {
     window.setGeometry(other.geometry());
 }
 
-Program::Program(UserPort& port, QString programFolder)
+Program::Program(UserPort& port, QString programFolder, QSettings* settings)
     : port_(port),
       programFolder_(std::move(programFolder)),
+      settings_(settings),
+      recent_(new RecentFiles(settings, this)),
       document_(shared_, port, programFolder_.toStdString()),
       converter_(shared_.probit) {
     document_.setObserver(this);
     main_ = new MainWindow(*this);
+    if (settings_)
+        RememberGeometry(*main_, *settings_, "main", KeepPlace::SizeOnly);
 }
 
 Program::~Program() {
@@ -67,8 +77,11 @@ OptionsDialog& Program::optionsDialog() {
 }
 
 HelpWindow& Program::helpWindow() {
-    if (!help_)
+    if (!help_) {
         help_ = new HelpWindow(port_);
+        if (settings_)
+            RememberGeometry(*help_, *settings_, "help", KeepPlace::SizeOnly);
+    }
     return *help_;
 }
 
@@ -91,7 +104,7 @@ void Program::run(const std::function<void()>& command) {
         command();
     } catch (const std::exception& e) {
         // No command ends the program: what stopped it is told, the data stay.
-        port_.tell(std::string("Morvane stopped this command:\n") + e.what());
+        port_.tellError(std::string("Morvane stopped this command:\n") + e.what());
     }
     --depth_;
     if (depth_ == 0) {
@@ -161,7 +174,71 @@ void Program::returnToInput(const QWidget& from) {
 }
 
 void Program::openHelp(const QString& page) {
-    OpenHelp(helpWindow(), programFolder_, page, port_);
+    HelpWindow& viewer = helpWindow();
+    // The viewer opens beside the window that asked for it.
+    const QWidget* asker = QApplication::activeWindow();
+    if (asker == nullptr || asker == &viewer)
+        asker = main_->isVisible() ? main_ : nullptr;
+    if (asker != nullptr && !viewer.isVisible())
+        MoveBeside(viewer, *asker);
+    OpenHelp(viewer, programFolder_, page, port_);
+}
+
+bool Program::openFile(const QString& path) {
+    if (!main_->isVisible() || !main_->contentEnabled())
+        return false;
+    bool opened = false;
+    run([&] { opened = document_.CommandOpenFile(path.toStdString()); });
+    if (opened)
+        recent_->add(path);
+    else if (!QFileInfo::exists(path))
+        recent_->remove(path);
+    return opened;
+}
+
+namespace {
+
+// Runs its action once, after the first showing of the window it watches.
+class OnFirstShow : public QObject {
+  public:
+    OnFirstShow(QWidget& window, std::function<void()> action)
+        : QObject(&window), action_(std::move(action)) {
+        window.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            QTimer::singleShot(0, parent(), action_);
+            deleteLater();
+        }
+        return false;
+    }
+
+  private:
+    std::function<void()> action_;
+};
+
+}  // namespace
+
+void Program::openAtStart(const QString& path) {
+    if (main_->isVisible()) {
+        openFile(path);
+        return;
+    }
+    new OnFirstShow(*main_, [this, path] { openFile(path); });
+}
+
+void Program::helpInFront() {
+    QWidget* front = QApplication::activeWindow();
+    if (front == nullptr)
+        front = main_;
+    for (QPushButton* button : front->findChildren<QPushButton*>()) {
+        if (button->text().remove('&') == "Help" && button->isVisible() && button->isEnabled()) {
+            button->click();
+            return;
+        }
+    }
 }
 
 void Program::openProbit() {
@@ -263,6 +340,8 @@ void Program::openReduction() {
             settle();
         },
         [this] { openHelp(ReductionWindow::kHelpPage); }, main_);
+    if (settings_)
+        RememberGeometry(*reduction_, *settings_, "reduction", KeepPlace::SizeAndPosition);
     reduction_->open();
 }
 
@@ -277,6 +356,8 @@ void Program::openPrediction() {
             settle();
         },
         [this] { openHelp(PredictionWindow::kHelpPage); }, main_);
+    if (settings_)
+        RememberGeometry(*prediction_, *settings_, "prediction", KeepPlace::SizeAndPosition);
     prediction_->show();
     prediction_->raise();
     prediction_->activateWindow();

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QSettings>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -37,6 +38,7 @@ class ProbitDialog;
 class ReductionWindow;
 class PredictionWindow;
 class RtvinWindow;
+class RecentFiles;
 
 // The frame of a window around its inside, in twips: the sizes that the layout
 // rules give for a window count its borders and title bar.
@@ -54,8 +56,10 @@ class Program : public QObject, public DocumentObserver {
     Q_OBJECT
   public:
     // The port and the program folder (with a trailing slash) are the program's; the
-    // port must outlive it.
-    Program(UserPort& port, QString programFolder);
+    // port must outlive it. With settings, the recent files and the sizes of the
+    // windows outlast the run (the settings must outlive the program); without, the
+    // program remembers nothing.
+    Program(UserPort& port, QString programFolder, QSettings* settings = nullptr);
     ~Program() override;
 
     SharedRegisters& shared() { return shared_; }
@@ -64,6 +68,18 @@ class Program : public QObject, public DocumentObserver {
     const QString& ProgramFolder() const { return programFolder_; }
 
     MainWindow& mainWindow() { return *main_; }
+    RecentFiles& recentFiles() { return *recent_; }
+    QSettings* settings() const { return settings_; }
+
+    // Opens a line file named without the open dialog (the command line, a drop, the
+    // recent files): the save-changes question, then the file; the messages are those
+    // of Open. True when the file was opened.
+    bool openFile(const QString& path);
+    // The file named on the command line: it opens as soon as the input window shows,
+    // so that its messages stand over that window.
+    void openAtStart(const QString& path);
+    // F1: the help of the window in front, through that window's own Help button.
+    void helpInFront();
     OptionsDialog& optionsDialog();
     HelpWindow& helpWindow();
     ProbitDialog& probitDialog();
@@ -126,6 +142,8 @@ class Program : public QObject, public DocumentObserver {
 
     UserPort& port_;
     QString programFolder_;
+    QSettings* settings_;
+    RecentFiles* recent_;
     SharedRegisters shared_;
     LineDocument document_;
     ProbitConverter converter_;

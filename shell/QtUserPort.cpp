@@ -92,7 +92,7 @@ Answer QtUserPort::ask(const Message& message) {
     box.setWindowTitle(message.title.empty() ? QString(kApplicationTitle)
                                              : QString::fromStdString(message.title));
     box.setText(QString::fromStdString(message.text));
-    box.setIcon(ToQtIcon(message.icon));
+    box.setIcon(ToQtIcon(FittingIcon(message)));
     switch (message.buttons) {
         case Buttons::Ok:
             box.setStandardButtons(QMessageBox::Ok);

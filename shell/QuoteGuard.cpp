@@ -17,7 +17,7 @@ namespace morvane {
 namespace {
 
 void TellRefusal(UserPort& port) {
-    port.tell(kDoubleQuoteRefused);
+    port.warn(kDoubleQuoteRefused);
 }
 
 // A line edit asks its validator after each edit and takes the edit back when it is

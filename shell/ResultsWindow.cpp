@@ -62,6 +62,7 @@ ResultsWindow::ResultsWindow(Program& program)
 
     command5_ = new QPushButton("Save results into files", this);
     command9_ = new QPushButton("Print", this);
+    command9_->setShortcut(QKeySequence::Print);
     command10_ = new QPushButton("Copy tables", this);
     command11_ = new QPushButton("back to Input tabls", this);
     command15_ = new QPushButton("Help", this);
@@ -431,10 +432,9 @@ void ResultsWindow::query(const std::function<void(ResultQueries&)>& action) {
     showPanels();
     switch (results_->queries().panels().focus) {
         case QueryFocus::Text2:
-            text2_->setFocus(Qt::OtherFocusReason);
-            break;
         case QueryFocus::Text3:
-            text3_->setFocus(Qt::OtherFocusReason);
+            // The keys go to the box that the user sees: the box of the tab that shows.
+            (sstab2_->currentIndex() == 1 ? text2_ : text3_)->setFocus(Qt::OtherFocusReason);
             break;
         case QueryFocus::Command2:
             command2_->setFocus(Qt::OtherFocusReason);

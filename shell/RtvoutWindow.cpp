@@ -54,6 +54,7 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
 
     command5_ = new QPushButton("Save results into files", this);
     command9_ = new QPushButton("Print", this);
+    command9_->setShortcut(QKeySequence::Print);
     command10_ = new QPushButton("Copy tables", this);
     command10_->setToolTip("Copy tables");
     command11_ = new QPushButton("back to Input tabls", this);

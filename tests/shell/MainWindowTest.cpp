@@ -37,7 +37,7 @@ class MainWindowTest : public QObject {
     }
 
     void startsWithNoDocument() {
-        QCOMPARE(main->windowTitle(), QString("Morvane"));
+        QCOMPARE(main->windowTitle(), QString("Morvane[*]"));
         QVERIFY(!main->CommandSave()->isEnabled());
         QVERIFY(!main->CommandCalc()->isEnabled());
         QVERIFY(!main->CommandInf_form()->isEnabled());
@@ -57,7 +57,7 @@ class MainWindowTest : public QObject {
 
     void newLineSetsUpTheTables() {
         NewLine(*f);
-        QCOMPARE(main->windowTitle(), QString("Morvane, New file"));
+        QCOMPARE(main->windowTitle(), QString("Morvane, New file[*]"));
         QVERIFY(!f->program->optionsDialog().isVisible());
         QVERIFY(main->contentEnabled());
         QVERIFY(main->TextDose()->hasFocus());
@@ -313,7 +313,7 @@ class MainWindowTest : public QObject {
         QVERIFY(!options.isVisible());
         QVERIFY(main->CommandNew()->isEnabled());
         QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("2"));
-        QCOMPARE(main->windowTitle(), QString("Morvane, New file"));
+        QCOMPARE(main->windowTitle(), QString("Morvane, New file[*]"));
     }
 
     void saveChangesYesSavesThenRunsThePendingNew() {
@@ -348,7 +348,7 @@ class MainWindowTest : public QObject {
         const QString file = f->path("kept.mrv");
         f->port.saveAnswers.push_back(file.toStdString());
         Click(main->CommandSave());
-        QCOMPARE(main->windowTitle(), QString("Morvane, kept.mrv"));
+        QCOMPARE(main->windowTitle(), QString("Morvane, kept.mrv[*]"));
         TypeRow(*main, "4", "10", "10");
         f->port.answers.push_back(Answer::Yes);
         f->port.openAnswers.push_back(file.toStdString());
@@ -398,7 +398,7 @@ class MainWindowTest : public QObject {
         f->port.answers.push_back(Answer::Yes);
         Click(options.Command1());
         QVERIFY(!options.isVisible());
-        QCOMPARE(main->windowTitle(), QString("Morvane, New file"));
+        QCOMPARE(main->windowTitle(), QString("Morvane, New file[*]"));
         QCOMPARE(main->Grid1()->cellText(0, dosecol::Dose), QString("Dose\n()"));
     }
 
@@ -473,7 +473,7 @@ class MainWindowTest : public QObject {
         f->port.openAnswers.push_back(file.toStdString());
         Click(main->CommandOpen());
         QCOMPARE(Text(f->port.openDialogs.back().title), QString("Open Morvane file"));
-        QCOMPARE(main->windowTitle(), QString("Morvane, assay.mrv"));
+        QCOMPARE(main->windowTitle(), QString("Morvane, assay.mrv[*]"));
         QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("2"));
         QCOMPARE(main->Grid1()->cellText(2, dosecol::Dose), QString("8"));
         QCOMPARE(main->Grid1()->cellText(2, kCountsColumns.percent), QString("75.000"));
@@ -495,10 +495,14 @@ class MainWindowTest : public QObject {
     void windowNeverGetsSmallerThanTheLeastSize() {
         main->resize(200, 150);
         QCOMPARE(main->width(), PixelsX(*main, MinFormWidth - kWindowFrameWidth));
-        QCOMPARE(main->height(), PixelsY(*main, MinFormHeight - kWindowFrameHeight));
+        // The menu bar and the status bar come on top of the least size of the rules.
+        QCOMPARE(main->height(),
+                 PixelsY(*main, MinFormHeight - kWindowFrameHeight) + main->barsHeight());
+        QCOMPARE(main->content()->height(), PixelsY(*main, MinFormHeight - kWindowFrameHeight));
         main->resize(main->minimumWidth() + 300, main->minimumHeight() + 200);
-        QTRY_COMPARE(main->Grid1()->height(),
-                     PixelsY(*main, TwipsY(*main, main->height()) + kWindowFrameHeight - 1900));
+        QTRY_COMPARE(
+            main->Grid1()->height(),
+            PixelsY(*main, TwipsY(*main, main->content()->height()) + kWindowFrameHeight - 1900));
         QVERIFY(main->Grid2()->x() > main->Grid1()->x() + main->Grid1()->width());
         QCOMPARE(main->CommandCalc()->x(), main->Grid2()->x());
         QCOMPARE(main->CommandCalc()->width(), main->Grid2()->width());

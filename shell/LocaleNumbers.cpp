@@ -1,0 +1,13 @@
+#include "shell/LocaleNumbers.h"
+
+#include <QLocale>
+
+#include "core/NumberText.h"
+
+namespace morvane {
+
+void UseLocaleDecimalSeparator() {
+    SetTypedDecimalSeparator(QLocale().decimalPoint().toStdString());
+}
+
+}  // namespace morvane
