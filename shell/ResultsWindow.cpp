@@ -432,9 +432,10 @@ void ResultsWindow::query(const std::function<void(ResultQueries&)>& action) {
     showPanels();
     switch (results_->queries().panels().focus) {
         case QueryFocus::Text2:
+            text2_->setFocus(Qt::OtherFocusReason);
+            break;
         case QueryFocus::Text3:
-            // The keys go to the box that the user sees: the box of the tab that shows.
-            (sstab2_->currentIndex() == 1 ? text2_ : text3_)->setFocus(Qt::OtherFocusReason);
+            text3_->setFocus(Qt::OtherFocusReason);
             break;
         case QueryFocus::Command2:
             command2_->setFocus(Qt::OtherFocusReason);
