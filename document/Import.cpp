@@ -2,6 +2,7 @@
 // AcceptRow as if typed, and the kind of a file told by its first bytes.
 #include "document/Import.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 
@@ -60,6 +61,24 @@ void FinishImport(LineDocument& doc) {
         doc.setText2input("");
     doc.setImportRowRefused(0);
     doc.RebuildResponseTable();
+}
+
+// How often an import tells its progress, in rows.
+constexpr int kProgressRows = 256;
+
+// True when the import goes on; after a stop the new line is laid out again, empty.
+bool GoOn(LineDocument& doc, const ImportProgress& progress, int rowsTaken, std::size_t done,
+          std::size_t total, ImportOutcome& outcome) {
+    if (!progress || rowsTaken % kProgressRows != 0 || rowsTaken == 0)
+        return true;
+    const int permille =
+        total == 0 ? 1000 : static_cast<int>(std::min<std::size_t>(done * 1000 / total, 1000));
+    if (progress(permille))
+        return true;
+    doc.ResetLine();
+    doc.FileOptionsOK();
+    outcome = ImportOutcome{0, false, true};
+    return false;
 }
 
 std::string TooManyRowsMessage(int row) {
@@ -134,7 +153,8 @@ std::string ExcelOptionsHint(const LineDocument& doc, const std::string& doseWor
            ", " + kDataTypeNames[static_cast<int>(type)];
 }
 
-ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes) {
+ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes,
+                                const ImportProgress& progress) {
     ImportOutcome outcome;
     const bool labelled = doc.ControlPerTreatment();
     const int count = ValueFields(doc);
@@ -166,6 +186,9 @@ ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_v
             const RowTaken taken{values, count, labelled ? &label : nullptr, outcome.rowsTaken + 1};
             if (!TakeRow(doc, port, taken, false, outcome))
                 break;
+            if (!GoOn(doc, progress, outcome.rowsTaken, bytes.size() - in.remaining(), bytes.size(),
+                      outcome))
+                return outcome;
         }
         FinishImport(doc);
     } catch (const std::exception& e) {
@@ -176,8 +199,8 @@ ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_v
     return outcome;
 }
 
-ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet,
-                              bool hasHeader) {
+ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet, bool hasHeader,
+                              const ImportProgress& progress) {
     ImportOutcome outcome;
     const bool labelled = doc.ControlPerTreatment();
     const int o = labelled ? 1 : 0;
@@ -207,6 +230,9 @@ ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sh
             const RowTaken taken{values, count, labelled ? &label : nullptr, row};
             if (!TakeRow(doc, port, taken, true, outcome))
                 break;
+            if (!GoOn(doc, progress, outcome.rowsTaken, static_cast<std::size_t>(row),
+                      sheet.rows.size(), outcome))
+                return outcome;
         }
         FinishImport(doc);
     } catch (const std::exception& e) {

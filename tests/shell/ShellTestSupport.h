@@ -37,6 +37,7 @@ class QtScriptedPort : public UserPort {
     std::deque<Answer> answers;
     std::deque<std::optional<std::string>> openAnswers, saveAnswers, inputAnswers;
     std::vector<FileDialog> openDialogs, saveDialogs;
+    std::deque<int> openFilterChoices;
     QStringList failures;
 
     Answer ask(const Message& message) override {
@@ -53,7 +54,13 @@ class QtScriptedPort : public UserPort {
     }
     std::optional<std::string> openFileName(const FileDialog& dialog) override {
         openDialogs.push_back(dialog);
-        return next(openAnswers, "open dialog");
+        std::optional<std::string> answer = next(openAnswers, "open dialog");
+        // The filter the user picks before choosing a file; none queued leaves it.
+        if (answer && dialog.chosenFilter && !openFilterChoices.empty()) {
+            *dialog.chosenFilter = openFilterChoices.front();
+            openFilterChoices.pop_front();
+        }
+        return answer;
     }
     std::optional<std::string> saveFileName(const FileDialog& dialog) override {
         saveDialogs.push_back(dialog);

@@ -19,6 +19,7 @@ class ScriptedUserPort : public UserPort {
     std::vector<Message> messages;
     std::deque<Answer> answers;
     std::vector<FileDialog> openDialogs, saveDialogs;
+    std::deque<int> openFilterChoices;
     std::deque<std::optional<std::string>> openAnswers, saveAnswers;
     std::vector<InputRequest> inputs;
     std::deque<std::optional<std::string>> inputAnswers;
@@ -37,7 +38,13 @@ class ScriptedUserPort : public UserPort {
     }
     std::optional<std::string> openFileName(const FileDialog& dialog) override {
         openDialogs.push_back(dialog);
-        return next(openAnswers, "open dialog");
+        std::optional<std::string> answer = next(openAnswers, "open dialog");
+        // The filter the user picks before choosing a file; none queued leaves it.
+        if (answer && dialog.chosenFilter && !openFilterChoices.empty()) {
+            *dialog.chosenFilter = openFilterChoices.front();
+            openFilterChoices.pop_front();
+        }
+        return answer;
     }
     std::optional<std::string> saveFileName(const FileDialog& dialog) override {
         saveDialogs.push_back(dialog);
