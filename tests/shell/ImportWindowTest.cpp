@@ -43,15 +43,8 @@ class ImportWindowTest : public QObject {
     int DataRows() const { return f->program->document().Grid1().rows() - 2; }
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        main = &f->program->mainWindow();
-        QVERIFY(ShowActive(*main));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartProgram(f, main); }
+    void cleanup() { EndProgram(f); }
 
     void textFileIsReadAfterTheOptionsAndTheFileDialog() {
         f->port.openAnswers.push_back(DataFile("counts.csv"));
