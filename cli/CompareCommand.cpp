@@ -24,39 +24,6 @@
 
 namespace morvane::cli {
 
-const char* const kCompareUsage =
-    "  compare [OPTIONS] FILE.mrv...\n"
-    "      Compares saved lines as the comparison window does: each line file is\n"
-    "      read and calculated, the lines are sorted by the estimate at the sorted\n"
-    "      percentage, and the table text of the relative results (the text that\n"
-    "      \"Copy tables\" gives) is printed exactly. A line is named after its file\n"
-    "      less the last four characters. Options, defaults in brackets:\n"
-    "        --abbreviation TEXT  the suggested abbreviation [LD]\n"
-    "        --percent P          the sorted percentage, 1 to 99 [50]\n"
-    "        --no-limits          no lower and upper limits, and so no test of\n"
-    "                             significant differences\n"
-    "        --no-significance    no test of significant differences\n"
-    "        --no-index           no toxicity index\n"
-    "        --index-ref REF      reference of the index: first, last or a line\n"
-    "                             name [first]\n"
-    "        --no-rr              no resistance ratio\n"
-    "        --rr-ref REF         reference of the resistance ratio [first]\n"
-    "        --no-slope           no slope column\n"
-    "        --slope-error        the slope's standard error as a column\n"
-    "        --add P              a further percentage, 0.1 to 99.9, as a column;\n"
-    "                             repeatable, and it replaces the default 90\n"
-    "        --no-add             no further percentages\n"
-    "        --from P, --to P     the drawn part of each line [20, 80]\n"
-    "        --xlsx OUT.xlsx      also writes the table as a workbook, as \"Save\n"
-    "                             results into files\" does\n"
-    "        --chart OUT          also writes the chart of the lines as the picture\n"
-    "                             of \"Save results into files\": SVG, PNG, PDF or\n"
-    "                             BMP by the name's extension\n"
-    "      Warnings (units that differ, other abbreviations) go to standard error.\n"
-    "      Exit status: 0 done; 1 a line could not be read or calculated, which\n"
-    "      ends the whole comparison, or a file could not be written (an old one\n"
-    "      stays as it was); 2 a value the window refuses, or wrong usage.\n";
-
 namespace {
 
 constexpr int kRefused = 2;

@@ -24,7 +24,17 @@ struct ImportRequest {
 };
 
 // The lines of the usage text for this command.
-extern const char* const kImportUsage;
+inline constexpr const char* kImportUsage =
+    "  import DATA --options LINE.mrv --out NEW.mrv [--sheet NAME] [--header] [--force]\n"
+    "      Makes a new line of the options saved in LINE.mrv (its rows and notes are\n"
+    "      not used) and the data of DATA, read as the Import button reads it: text\n"
+    "      or CSV records, or a sheet of an .xls, .xlsx or .ods workbook, told by\n"
+    "      the file's content; then saves the line to NEW.mrv as Save does.\n"
+    "        --sheet NAME  the sheet to read (the workbook's first when not given)\n"
+    "        --header      the sheet's first row contains headers\n"
+    "        --force       replaces a file that exists at NEW.mrv\n"
+    "      A refused or partly empty row, a file that can't be read or one with no\n"
+    "      row: the message on standard error, exit status 1, NEW.mrv not written.\n";
 
 // Runs the request: 0 when the new line was saved; 1 when the data could not be
 // imported (a refused row, a partly empty row, an unreadable file, no row), the

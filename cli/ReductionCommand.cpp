@@ -10,22 +10,6 @@
 
 namespace morvane::cli {
 
-const char* const kReductionUsage =
-    "  reduction FORMULA VALUE...\n"
-    "      The Reduction % calculator. FORMULA and its values, in the order of the\n"
-    "      boxes of its tab:\n"
-    "        abbott            treated after, control after\n"
-    "        henderson-tilton  treated before, control before, treated after,\n"
-    "                          control after\n"
-    "        schneider-orelli  mortality % in treated, mortality % in control\n"
-    "        sun-shepard       mortality % in treated, change % in control\n"
-    "      The values come in groups of that many; each group is typed into the\n"
-    "      boxes and \"OK >\" pressed, one group after the other. Prints the text\n"
-    "      that \"Copy table\" gives: the heading row, one row per accepted group\n"
-    "      and the empty last row, cells separated by tabs. A value may begin with\n"
-    "      a minus sign. A refused group is told on standard error and adds no\n"
-    "      row; exit status 1 when any group was refused.\n";
-
 namespace {
 
 using Tab = ReductionCalculator::Tab;

@@ -17,30 +17,6 @@
 
 namespace morvane::cli {
 
-const char* const kReportUsage =
-    "  report FILE.mrv [--percent P]... [--dose D]... [--xlsx OUT.xlsx]\n"
-    "         [--chart OUT.svg|.png|.pdf|.bmp]\n"
-    "      Reads the line file FILE.mrv as the desktop program opens it, calculates\n"
-    "      its probit line as the Calculate button does (a reverse slope is\n"
-    "      accepted) and prints the results tables as tab-separated text: the text\n"
-    "      that \"Copy tables\" of the results window gives.\n"
-    "        --percent P  adds the dose at P percent response (0.1 to 99.9) with\n"
-    "                     its fiducial limits as a row of the estimates table\n"
-    "        --dose D     adds the response percent at dose D (from the dose of 1%\n"
-    "                     to that of 99%) with the limits of D as a row of the table\n"
-    "      The queries run in the order given, as if typed into the results window:\n"
-    "      digits and a decimal point only. A refused query is told on standard\n"
-    "      error and adds no row.\n"
-    "        --xlsx OUT.xlsx  also writes the results as a workbook: the results\n"
-    "                     text on the sheet \"Results\", the data table on \"Data\",\n"
-    "                     numbers as numbers, as \"Save results into files\" does\n"
-    "        --chart OUT  also writes the chart as the picture that \"Save results\n"
-    "                     into files\" writes, by the name's extension: SVG, PNG,\n"
-    "                     PDF or BMP, as the results window shows it at its least\n"
-    "                     size\n"
-    "      A file that can't be written is told, leaves what stood there as it\n"
-    "      was, and makes the exit status 1.\n";
-
 namespace {
 
 const char* const kOutOfScale = "This value is out of scale";

@@ -5,11 +5,10 @@
 #include "core/NumberText.h"
 
 namespace morvane {
-namespace {
 
 // Probit of k percent, k = 1 to 99: 5 + the normal deviate of k/100, to 4 decimals.
 // Index 0 is unused.
-constexpr std::array<double, 100> kProbitMiddle = {
+const ConstantTable<100> ProbitTables::ProbitMiddle = {{
     0,      2.6737, 2.9463, 3.1192, 3.2493, 3.3551, 3.4452, 3.5242, 3.5949, 3.6592, 3.7184, 3.7735,
     3.825,  3.8736, 3.9197, 3.9636, 4.0055, 4.0458, 4.0846, 4.1221, 4.1584, 4.1936, 4.2278, 4.2612,
     4.2937, 4.3255, 4.3567, 4.3872, 4.4172, 4.4466, 4.4756, 4.5041, 4.5323, 4.5601, 4.5875, 4.6147,
@@ -19,32 +18,52 @@ constexpr std::array<double, 100> kProbitMiddle = {
     5.5828, 5.6128, 5.6433, 5.6745, 5.7063, 5.7388, 5.7722, 5.8064, 5.8416, 5.8779, 5.9154, 5.9542,
     5.9945, 6.0364, 6.0803, 6.1264, 6.175,  6.2265, 6.2816, 6.3408, 6.4051, 6.4758, 6.5548, 6.6449,
     6.7507, 6.8808, 7.0537, 7.3263,
-};
+}};
 
 // Probit of k/10 percent, k = 1 to 10; index 0 is 0.
-constexpr std::array<double, 11> kProbitLow = {
-    0, 1.9098, 2.1218, 2.2522, 2.3479, 2.4242, 2.4879, 2.5427, 2.5911, 2.6344, 2.6737,
-};
+const ConstantTable<11> ProbitTables::ProbitLow = {{
+    0,
+    1.9098,
+    2.1218,
+    2.2522,
+    2.3479,
+    2.4242,
+    2.4879,
+    2.5427,
+    2.5911,
+    2.6344,
+    2.6737,
+}};
 
 // Probit of 99 + k/10 percent, k = 0 to 9; index 10 is 0.
-constexpr std::array<double, 11> kProbitHigh = {
-    7.3263, 7.3656, 7.4089, 7.4573, 7.5121, 7.5758, 7.6521, 7.7478, 7.8782, 8.0902, 0,
-};
+const ConstantTable<11> ProbitTables::ProbitHigh = {{
+    7.3263,
+    7.3656,
+    7.4089,
+    7.4573,
+    7.5121,
+    7.5758,
+    7.6521,
+    7.7478,
+    7.8782,
+    8.0902,
+    0,
+}};
 
 // Expected probit Y = 1.1, 1.2 ... 8.9 at i = 1 to 79, typed as decimals; index 0
 // unused and index 80 is 0, so no interval starts at 8.9.
-constexpr std::array<double, 81> kExpectedProbit = {
+const ConstantTable<81> ProbitTables::ExpectedProbit = {{
     0,   1.1, 1.2, 1.3, 1.4, 1.5, 1.6, 1.7, 1.8, 1.9, 2,   2.1, 2.2, 2.3, 2.4, 2.5, 2.6,
     2.7, 2.8, 2.9, 3,   3.1, 3.2, 3.3, 3.4, 3.5, 3.6, 3.7, 3.8, 3.9, 4,   4.1, 4.2, 4.3,
     4.4, 4.5, 4.6, 4.7, 4.8, 4.9, 5,   5.1, 5.2, 5.3, 5.4, 5.5, 5.6, 5.7, 5.8, 5.9, 6,
     6.1, 6.2, 6.3, 6.4, 6.5, 6.6, 6.7, 6.8, 6.9, 7,   7.1, 7.2, 7.3, 7.4, 7.5, 7.6, 7.7,
     7.8, 7.9, 8,   8.1, 8.2, 8.3, 8.4, 8.5, 8.6, 8.7, 8.8, 8.9, 0,
-};
+}};
 
 // Minimum working probit Y - P/Z, to 4 decimals, as the published tables print it:
 // the entries at Y = 6.6, 6.7, 7.1, 8.1, 8.2 and 8.5 to 8.9 differ from the formula
 // and are kept as printed, since every figure that passes through them depends on them.
-constexpr std::array<double, 81> kMinimumWorking = {
+const ConstantTable<81> ProbitTables::MinimumWorking = {{
     0,         0.8579,    0.9522,    1.0462,     1.14,       1.2334,     1.3266,     1.4194,
     1.5118,    1.6038,    1.6954,    1.7866,     1.8772,     1.9673,     2.0568,     2.1457,
     2.2339,    2.3214,    2.4081,    2.4938,     2.5786,     2.6624,     2.7449,     2.8261,
@@ -56,11 +75,11 @@ constexpr std::array<double, 81> kMinimumWorking = {
     -36.8877,  -49.1963,  -65.6784,  -87.928,    -118.2124,  -159.7823,  -217.3349,  -297.7119,
     -410.9593, -571.9476, -802.8705, -1137.1251, -1625.3886, -2345.2042, -3416.2319, -5024.6981,
     0,
-};
+}};
 
 // Range of the working probit 1/Z, to 4 decimals, as printed: the entries at
 // Y = 1.1 to 1.5, 1.7 to 2 and their mirrors 8 to 8.9 differ from the formula.
-constexpr std::array<double, 81> kWorkingRange = {
+const ConstantTable<81> ProbitTables::WorkingRange = {{
     0,        5033.8402, 3425.2797, 2354.158,  1634.2486, 1145.8917, 811.5439,  580.5282,  419.4475,
     306.1081, 225.3695,  167.9957,  126.3352,  95.9607,   73.6216,   57.0506,   44.6538,   35.302,
     28.1892,  22.7357,   18.5216,   15.2402,   12.6662,   10.6327,   9.0154,    7.721,     6.6788,
@@ -70,10 +89,10 @@ constexpr std::array<double, 81> kWorkingRange = {
     6.6788,   7.721,     9.0154,    10.6327,   12.6662,   15.2402,   18.5216,   22.7357,   28.1892,
     35.302,   44.6538,   57.0506,   73.6216,   95.9607,   126.3352,  167.9957,  225.3695,  306.1081,
     419.4475, 580.5282,  811.5439,  1145.8917, 1634.2486, 2354.158,  3425.2797, 5033.8402, 0,
-};
+}};
 
 // Weighting coefficient Z^2/(PQ), to 5 decimals.
-constexpr std::array<double, 81> kWeightingCoefficient = {
+const ConstantTable<81> ProbitTables::WeightingCoefficient = {{
     0,       0.00082, 0.00118, 0.00167, 0.00235, 0.00327, 0.00451, 0.00614, 0.00828,
     0.01104, 0.01457, 0.01903, 0.02458, 0.03143, 0.03977, 0.04979, 0.06168, 0.07564,
     0.09179, 0.11026, 0.13112, 0.15436, 0.17994, 0.20774, 0.23753, 0.26907, 0.30199,
@@ -83,44 +102,15 @@ constexpr std::array<double, 81> kWeightingCoefficient = {
     0.30199, 0.26907, 0.23753, 0.20774, 0.17994, 0.15436, 0.13112, 0.11026, 0.09179,
     0.07564, 0.06168, 0.04979, 0.03977, 0.03143, 0.02458, 0.01903, 0.01457, 0.01104,
     0.00828, 0.00614, 0.00451, 0.00327, 0.00235, 0.00167, 0.00118, 0.00082, 0,
-};
+}};
 
-}  // namespace
-
-namespace {
-
-// One entry of a table; an index outside its ends is a fault, as the table read
-// below its start by the four-character cut is.
-template <std::size_t N>
-double Entry(const std::array<double, N>& table, int index) {
-    if (index < 0 || index >= static_cast<int>(N))
+double ConstantTableEntry(const double* values, std::size_t size, int index) {
+    // An index outside the ends is a fault, as the table read below its start by the
+    // four-character cut is.
+    if (index < 0 || static_cast<std::size_t>(index) >= size)
         throw Fault("the probit table was read outside its ends (index " + std::to_string(index) +
                     ")");
-    return table[static_cast<std::size_t>(index)];
-}
-
-}  // namespace
-
-double ProbitTables::ProbitMiddle(int k) {
-    return Entry(kProbitMiddle, k);
-}
-double ProbitTables::ProbitLow(int k) {
-    return Entry(kProbitLow, k);
-}
-double ProbitTables::ProbitHigh(int k) {
-    return Entry(kProbitHigh, k);
-}
-double ProbitTables::ExpectedProbit(int i) {
-    return Entry(kExpectedProbit, i);
-}
-double ProbitTables::MinimumWorking(int i) {
-    return Entry(kMinimumWorking, i);
-}
-double ProbitTables::WorkingRange(int i) {
-    return Entry(kWorkingRange, i);
-}
-double ProbitTables::WeightingCoefficient(int i) {
-    return Entry(kWeightingCoefficient, i);
+    return values[static_cast<std::size_t>(index)];
 }
 
 void ProbitTables::reset() {

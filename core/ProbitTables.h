@@ -10,21 +10,33 @@
 // holds does nothing, as with a text box whose text did not change. Callers that
 // want fresh outputs call reset(), which is what unloading the library does.
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace morvane {
 
+// The entry of a table of constants at index; an index outside the table is a Fault.
+double ConstantTableEntry(const double* values, std::size_t size, int index);
+
+// A table of constants, read by index as table(i).
+template <std::size_t N>
+struct ConstantTable {
+    std::array<double, N> values;
+    double operator()(int index) const { return ConstantTableEntry(values.data(), N, index); }
+};
+
 class ProbitTables {
   public:
-    // Table entries, for tests and for the chart's probit scale.
-    static double ProbitMiddle(int k);          // k = 1..99, probit of k percent
-    static double ProbitLow(int k);             // k = 0..10, probit of k/10 percent
-    static double ProbitHigh(int k);            // k = 0..10, probit of 99 + k/10 percent
-    static double ExpectedProbit(int i);        // i = 0..80
-    static double MinimumWorking(int i);        // i = 0..80
-    static double WorkingRange(int i);          // i = 0..80
-    static double WeightingCoefficient(int i);  // i = 0..80
+    // The tables, for the transforms, the tests and the chart's probit scale.
+    static const ConstantTable<100> ProbitMiddle;         // k = 1..99, probit of k percent
+    static const ConstantTable<11> ProbitLow;             // k = 0..10, probit of k/10 percent
+    static const ConstantTable<11> ProbitHigh;            // k = 0..10, of 99 + k/10 percent
+    static const ConstantTable<81> ExpectedProbit;        // i = 0..80
+    static const ConstantTable<81> MinimumWorking;        // i = 0..80
+    static const ConstantTable<81> WorkingRange;          // i = 0..80
+    static const ConstantTable<81> WeightingCoefficient;  // i = 0..80
 
     // Whether the converter dialog is on the screen: it changes one branch of
     // PercentToProbit ("out of scale" instead of the probits 1 and 9).

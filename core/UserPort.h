@@ -32,6 +32,11 @@ struct FileDialog {
     std::string filter;
     std::string fileName;  // the name offered in the dialog, may be empty
     std::string folder;    // the folder the dialog opens in, may be empty
+    // The pair of the filter shown first, counting from 1; 0 is the first. When
+    // chosenFilter is set, a dialog that returns a file writes there the pair the user
+    // had chosen last, counting from 1.
+    int filterIndex = 0;
+    int* chosenFilter = nullptr;
 };
 
 // An input box with one line of text. The answer is none when cancelled.

@@ -2,6 +2,7 @@
 // AcceptRow as if typed, and the kind of a file told by its first bytes.
 #include "document/Import.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 
@@ -62,6 +63,32 @@ void FinishImport(LineDocument& doc) {
     doc.RebuildResponseTable();
 }
 
+// How often an import tells its progress, in rows.
+constexpr int kProgressRows = 256;
+
+// How far an import has read: done of total (rows or bytes).
+struct ReadSoFar {
+    std::size_t done;
+    std::size_t total;
+};
+
+// True when the import goes on; after a stop the new line is laid out again, empty.
+bool GoOn(LineDocument& doc, const ImportProgress& progress, int rowsTaken, ReadSoFar read,
+          ImportOutcome& outcome) {
+    if (!progress || rowsTaken % kProgressRows != 0 || rowsTaken == 0)
+        return true;
+    const int permille =
+        read.total == 0
+            ? 1000
+            : static_cast<int>(std::min<std::size_t>(read.done * 1000 / read.total, 1000));
+    if (progress(permille))
+        return true;
+    doc.ResetLine();
+    doc.FileOptionsOK();
+    outcome = ImportOutcome{0, false, true};
+    return false;
+}
+
 std::string TooManyRowsMessage(int row) {
     return std::string(kCantContinue) + "\na line holds at most " +
            std::to_string(MaxImportRows()) + " rows; the data from row no. " + std::to_string(row) +
@@ -101,6 +128,36 @@ bool TakeRow(LineDocument& doc, UserPort& port, const RowTaken& row, bool clearC
     return true;
 }
 
+// Where a row leaves an import: at the next row, at its end, or stopped by the
+// progress with the new line empty.
+enum class Step { Next, End, Stopped };
+
+// Takes the row as if typed (TakeRow), then tells the progress.
+Step TakeAndTell(LineDocument& doc, UserPort& port, const RowTaken& row, bool clearControlOnRefusal,
+                 const ImportProgress& progress, ReadSoFar read, ImportOutcome& outcome) {
+    if (!TakeRow(doc, port, row, clearControlOnRefusal, outcome))
+        return Step::End;
+    return GoOn(doc, progress, outcome.rowsTaken, read, outcome) ? Step::Next : Step::Stopped;
+}
+
+// Every import: readRows takes the rows and says where they ended; the end empties the
+// input cells and rebuilds Grid2 once, unless a stop left the line empty. A fault of
+// the reading resets the document and tells the opening message with its reason.
+template <class ReadRows>
+ImportOutcome RunImport(LineDocument& doc, UserPort& port, ReadRows readRows) {
+    ImportOutcome outcome;
+    try {
+        if (readRows(outcome) == Step::Stopped)
+            return outcome;
+        FinishImport(doc);
+    } catch (const std::exception& e) {
+        doc.ResetLine();
+        port.tell(std::string(kImportOpenError) + "\n" + e.what());
+        outcome = ImportOutcome{0, true};
+    }
+    return outcome;
+}
+
 }  // namespace
 
 ImportFormat SniffImportFormat(std::string_view head) {
@@ -134,55 +191,49 @@ std::string ExcelOptionsHint(const LineDocument& doc, const std::string& doseWor
            ", " + kDataTypeNames[static_cast<int>(type)];
 }
 
-ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes) {
-    ImportOutcome outcome;
+ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes,
+                                const ImportProgress& progress) {
     const bool labelled = doc.ControlPerTreatment();
     const int count = ValueFields(doc);
     FieldReader in(bytes);
-    try {
+    return RunImport(doc, port, [&](ImportOutcome& outcome) {
         for (;;) {
             std::string label;
             std::array<std::string, 3> values;
             try {
                 if (labelled) {
                     if (in.atEnd())
-                        break;
+                        return Step::End;
                     label = in.readString();
                 }
-                bool cutShort = false;
-                for (int i = 0; i < count && !cutShort; ++i) {
-                    cutShort = in.atEnd();
-                    if (!cutShort)
-                        values[static_cast<std::size_t>(i)] = PlainText(in.readDouble());
+                for (int i = 0; i < count; ++i) {
+                    if (in.atEnd())
+                        return Step::End;  // the end of the data drops a record cut short
+                    values[static_cast<std::size_t>(i)] = PlainText(in.readDouble());
                 }
-                if (cutShort)
-                    break;  // the end of the data drops a record cut short
             } catch (const FileFormatError& e) {
                 port.tell(std::string(kImportOpenError) + "\n" + e.what() + " (" +
                           in.lastFieldPosition() + ")");
                 outcome.failed = true;
-                break;
+                return Step::End;
             }
             const RowTaken taken{values, count, labelled ? &label : nullptr, outcome.rowsTaken + 1};
-            if (!TakeRow(doc, port, taken, false, outcome))
-                break;
+            const Step step = TakeAndTell(doc, port, taken, false, progress,
+                                          {bytes.size() - in.remaining(), bytes.size()}, outcome);
+            if (step != Step::Next)
+                return step;
         }
-        FinishImport(doc);
-    } catch (const std::exception& e) {
-        doc.ResetLine();
-        port.tell(std::string(kImportOpenError) + "\n" + e.what());
-        outcome = ImportOutcome{0, true};
-    }
-    return outcome;
+    });
 }
 
-ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet,
-                              bool hasHeader) {
-    ImportOutcome outcome;
+ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet, bool hasHeader,
+                              const ImportProgress& progress) {
     const bool labelled = doc.ControlPerTreatment();
     const int o = labelled ? 1 : 0;
     const int count = ValueFields(doc);
-    try {
+    // A cell that is no number, or a table that can't be built, is a fault of the
+    // reading: the document is reset, as a failing reading always left it.
+    return RunImport(doc, port, [&](ImportOutcome& outcome) {
         for (int row = hasHeader ? 2 : 1;; ++row) {
             int filled = 0;
             std::string label;
@@ -202,21 +253,16 @@ ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sh
                               std::to_string(row));
                     outcome.failed = true;
                 }
-                break;
+                return Step::End;
             }
             const RowTaken taken{values, count, labelled ? &label : nullptr, row};
-            if (!TakeRow(doc, port, taken, true, outcome))
-                break;
+            const Step step =
+                TakeAndTell(doc, port, taken, true, progress,
+                            {static_cast<std::size_t>(row), sheet.rows.size()}, outcome);
+            if (step != Step::Next)
+                return step;
         }
-        FinishImport(doc);
-    } catch (const std::exception& e) {
-        // A cell that is no number, or a table that can't be built: the document is
-        // reset, as a failing reading always left it.
-        doc.ResetLine();
-        port.tell(std::string(kImportOpenError) + "\n" + e.what());
-        outcome = ImportOutcome{0, true};
-    }
-    return outcome;
+    });
 }
 
 }  // namespace morvane

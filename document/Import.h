@@ -17,6 +17,7 @@
 // from column 1, one record a row, from row 1 or, with a header, from row 2.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,8 +44,14 @@ struct Sheet {
 // What an import did: the rows taken into Grid1, and whether it ended at a message.
 struct ImportOutcome {
     int rowsTaken = 0;
-    bool failed = false;  // a refused row, a partly empty row, an unreadable file
+    bool failed = false;     // a refused row, a partly empty row, an unreadable file
+    bool cancelled = false;  // the progress said stop; the line is empty
 };
+
+// Told of an import's progress every few hundred rows, as thousandths of what there
+// is to read. False stops the import and leaves the new line empty, as it was when
+// the options dialog had laid it out.
+using ImportProgress = std::function<bool(int permille)>;
 
 // Messages of the import, as the user reads them.
 inline constexpr const char* kUnknownImportType = "Can not open this type of files";
@@ -63,7 +70,8 @@ std::string ExcelOptionsHint(const LineDocument& doc, const std::string& doseWor
 // loop, and a last record with too few fields is dropped with it. A refused row ends
 // the import with AcceptRow's message and keeps the rows before it; a field that holds
 // no number ends it with a message that quotes the field. Rebuilds Grid2.
-ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes);
+ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_view bytes,
+                                const ImportProgress& progress = {});
 
 // Reads the rows of a sheet into the document, from row 1 or, with a header, row 2.
 // The first row with fewer filled cells than a record needs ends the data: silently
@@ -71,8 +79,8 @@ ImportOutcome ImportTextRecords(LineDocument& doc, UserPort& port, std::string_v
 // partly filled. A refused row ends the import with AcceptRow's message, earlier rows
 // staying. A cell that holds no number where a number is needed is a fault of the
 // reading: the document is reset and the opening message tells why.
-ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet,
-                              bool hasHeader);
+ImportOutcome ImportSheetRows(LineDocument& doc, UserPort& port, const Sheet& sheet, bool hasHeader,
+                              const ImportProgress& progress = {});
 
 // A workbook or text file that cannot be read: the text says why.
 class ImportError : public Fault {

@@ -146,14 +146,15 @@ void FormulaCell::commit() {
     sheet_.put(row_, col_, result_);
 }
 
-// Cell addresses of the xlsx reader, "B12" or "$B$12", and ranges "A1:C4". Sheet
-// names in an address are not needed for reading cells and are skipped.
+// Cell addresses of the readers, "B12" or "$B$12", and ranges "A1:C4". Sheet names in
+// an address ("Data!A1", and "$'Data.csv'.$A$1" as OpenDocument writes them) are not
+// needed for reading cells and are skipped: a cell's part holds no "!" or ".".
 class A1Resolver : public ss::iface::import_reference_resolver {
   public:
     ss::src_address_t resolve_address(std::string_view address) override {
-        const std::size_t bang = address.rfind('!');
-        if (bang != std::string_view::npos)
-            address.remove_prefix(bang + 1);
+        const std::size_t sheetEnd = address.find_last_of("!.");
+        if (sheetEnd != std::string_view::npos)
+            address.remove_prefix(sheetEnd + 1);
         ss::src_address_t out{0, 0, 0};
         std::size_t i = 0;
         long col = 0, row = 0;
@@ -403,6 +404,47 @@ std::optional<std::string> NormalisedPackage(const std::string& bytes) {
     return StoredZip(entries);
 }
 
+// Whether the sheets of the package hold cell values, by the marks of a value in the
+// parts themselves: <v> or <is> of a worksheet of an .xlsx (with or without a
+// namespace prefix), a cell's value type in the content of an .ods.
+bool PackageHoldsValues(const std::string& bytes, ImportFormat format) {
+    orcus::zip_archive_stream_blob stream(reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                          bytes.size());
+    orcus::zip_archive archive(&stream);
+    archive.load();
+    std::vector<unsigned char> buffer;
+    for (std::size_t i = 0; i < archive.get_file_entry_count(); ++i) {
+        const std::string name(archive.get_file_entry_name(i));
+        const bool sheetPart = format == ImportFormat::Xlsx ? name.rfind("xl/worksheets/", 0) == 0
+                                                            : name == "content.xml";
+        buffer.clear();
+        if (!sheetPart || !archive.read_file_entry(name, buffer))
+            continue;
+        const std::string_view xml(reinterpret_cast<const char*>(buffer.data()), buffer.size());
+        const auto holds = [&](std::string_view mark) {
+            return xml.find(mark) != std::string_view::npos;
+        };
+        if (format == ImportFormat::Xlsx
+                ? holds("<v>") || holds(":v>") || holds("<is>") || holds(":is>")
+                : holds("office:value-type="))
+            return true;
+    }
+    return false;
+}
+
+// A package whose sheets the reader gave no cell of, while its parts hold values, is
+// written in a form that the reader passes over; importing it as an empty line would
+// hide the data.
+void CheckSomethingWasRead(const Factory& factory, const std::string& bytes, ImportFormat format) {
+    for (const auto& sheet : factory.sheets)
+        if (sheet->anyCell)
+            return;
+    if (PackageHoldsValues(bytes, format))
+        throw ImportError(
+            "the workbook holds cells that could not be read; it may be written in a form "
+            "that Morvane does not read");
+}
+
 std::unique_ptr<Factory> ReadPackage(const std::string& path, ImportFormat format) {
     auto factory = std::make_unique<Factory>();
     try {
@@ -416,6 +458,8 @@ std::unique_ptr<Factory> ReadPackage(const std::string& path, ImportFormat forma
             orcus::orcus_ods reader(factory.get());
             reader.read_stream(bytes);
         }
+        if (!factory->sheets.empty())
+            CheckSomethingWasRead(*factory, bytes, format);
     } catch (const ImportError&) {
         throw;
     } catch (const std::exception& e) {

@@ -10,6 +10,7 @@
 // rows than a line can hold past a header, so a sheet of a million rows costs no more
 // than one that fills a line.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,12 @@ struct SheetChoice {
     bool hasHeader = false;
 };
 
+// The import's file dialog, which offers every kind the import reads ("All data files"
+// first) and opens with the filter chosen in the last import of the run. filterIndex
+// is that choice (0 before the first import), kept by the caller and updated when a
+// file is chosen. None when the dialog is cancelled.
+std::optional<std::string> ChooseImportFile(UserPort& port, int& filterIndex);
+
 // The reading of an import once the file is chosen: its kind by its content, then
 // the text records or the rows of the chosen sheet (the choice means nothing for
 // text). A file of no kind that can be read gives "Can not open this type of files";
@@ -42,10 +49,13 @@ struct SheetChoice {
 // such sheet, the opening message with the reason and an empty document. A sheet that
 // the reader returns empty while the file held cells is such an error too.
 ImportOutcome ImportDataFile(LineDocument& doc, UserPort& port, const std::string& path,
-                             const SheetChoice& choice);
+                             const SheetChoice& choice, const ImportProgress& progress = {});
 
-// The package formats alone (ImportPackage.cpp); the two above choose them.
+// The package formats alone (ImportPackage.cpp) and the legacy workbooks alone
+// (ImportXls.cpp); the two above choose them.
 std::vector<std::string> OpenPackageSheetNames(const std::string& path, ImportFormat format);
 Sheet ReadPackageSheet(const std::string& path, ImportFormat format, const std::string& sheetName);
+std::vector<std::string> XlsSheetNames(const std::string& path);
+Sheet ReadXlsSheet(const std::string& path, const std::string& sheetName);
 
 }  // namespace morvane

@@ -1,6 +1,8 @@
 #include "document/LineFileFormat.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace morvane {
 namespace {
@@ -32,43 +34,38 @@ TextTable ReadCells(FieldReader& in, int rows, int cols, const char* what) {
     return table;
 }
 
+// A record of fields in their order, integers as integers and texts as strings.
+void WriteField(FieldWriter& out, std::int64_t value) {
+    out.writeInteger(value);
+}
+void WriteField(FieldWriter& out, std::string_view text) {
+    out.writeString(text);
+}
+template <class... Fields>
+void WriteRecord(FieldWriter& out, const Fields&... fields) {
+    (WriteField(out, fields), ...);
+    out.endRecord();
+}
+
 }  // namespace
 
 void WriteOptionsRecord(FieldWriter& out, const LineOptions& options) {
-    out.writeInteger(options.ComboDataType);
-    out.writeInteger(options.Tab1);
-    out.writeString(options.ComboUnit1);
-    out.writeString(options.ComboUnit2);
-    out.writeInteger(options.FactorOption);
-    out.writeString(options.Combo5);
-    out.writeString(options.Combo6);
-    out.writeString(options.Text5);
-    out.writeInteger(options.Check3);
-    out.writeString(options.Combo7);
-    out.writeInteger(options.Check2);
-    out.writeInteger(options.Check4);
-    out.endRecord();
+    WriteRecord(out, options.ComboDataType, options.Tab1, options.ComboUnit1, options.ComboUnit2,
+                options.FactorOption, options.Combo5, options.Combo6, options.Text5, options.Check3,
+                options.Combo7, options.Check2, options.Check4);
 }
 
 std::string WriteLineFile(const LineOptions& options, const TextTable& grid1,
                           const NotesSheet& notes) {
     FieldWriter out;
-    out.writeInteger(2);
-    for (int i = 0; i < 5; ++i)
-        out.writeString("");
-    out.endRecord();
+    WriteRecord(out, 2, "", "", "", "", "");
     WriteOptionsRecord(out, options);
-    out.writeInteger(grid1.rows());
-    out.writeInteger(grid1.cols());
-    out.endRecord();
+    WriteRecord(out, grid1.rows(), grid1.cols());
     for (int r = 1; r <= grid1.rows() - 2; ++r)
         for (int c = 0; c < grid1.cols(); ++c)
             out.writeCell(grid1.text(r, c));
-    out.writeString(notes.TreatmentName);
-    out.writeString(notes.TreatedTarget);
-    out.writeString(notes.ExperimentDate);
-    out.writeString(notes.MoreInformation);
-    out.endRecord();
+    WriteRecord(out, notes.TreatmentName, notes.TreatedTarget, notes.ExperimentDate,
+                notes.MoreInformation);
     return out.take();
 }
 

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "shell/GridPage.h"
 #include "shell/Program.h"
 #include "shell/QuoteGuard.h"
 #include "shell/Twips.h"
@@ -42,8 +43,7 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     setModal(false);
 
     tab1_ = new QTabWidget(this);
-    auto* adjust = new QWidget;
-    auto* a = new QGridLayout(adjust);
+    const auto [adjust, a] = NewGridPage();
     a->addWidget(new QLabel("Factor type:", adjust), 0, 0);
     option1_ = new QRadioButton(kFactorCaptions[0], adjust);
     option2_ = new QRadioButton(kFactorCaptions[1], adjust);
@@ -67,11 +67,9 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     labelUnits_ = new QLabel(adjust);
     MakeBold(*labelUnits_);
     a->addWidget(labelUnits_, 2, 1, 1, 3);
-    a->setRowStretch(3, 1);
-    tab1_->addTab(adjust, "Adjust units");
+    AddGridPage(*tab1_, {adjust, a}, 3, "Adjust units");
 
-    auto* custom = new QWidget;
-    auto* c = new QGridLayout(custom);
+    const auto [custom, c] = NewGridPage();
     combo5_ = EditableCombo(custom);
     for (const char* f : kFactors)
         combo5_->addItem(f);
@@ -90,8 +88,7 @@ OptionsDialog::OptionsDialog(Program& program, QWidget* parent)
     c->addWidget(new QLabel("Unit :", custom), 2, 0);
     c->addWidget(text5_, 2, 1);
     c->addWidget(check3_, 3, 0, 1, 2);
-    c->setRowStretch(4, 1);
-    tab1_->addTab(custom, "Customize units");
+    AddGridPage(*tab1_, {custom, c}, 4, "Customize units");
 
     auto* dataType = new QGroupBox("Input data type", this);
     auto* d = new QVBoxLayout(dataType);

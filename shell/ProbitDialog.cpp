@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "shell/GridPage.h"
 #include "shell/Twips.h"
 #include "shell/WidgetPieces.h"
 
@@ -67,8 +68,7 @@ ProbitDialog::ProbitDialog(ProbitConverter& converter, std::function<void()> clo
     text1_->setPlaceholderText("Write responced %");
     text2_->setPlaceholderText("Write probit");
 
-    auto* page0 = new QWidget;
-    auto* g0 = new QGridLayout(page0);
+    const auto [page0, g0] = NewGridPage();
     label1_ = ResultLabel(page0);
     label2_ = ResultLabel(page0);
     picture3_ = new SlideStrip(converter_.Picture3(), page0);
@@ -91,11 +91,9 @@ ProbitDialog::ProbitDialog(ProbitConverter& converter, std::function<void()> clo
     g0->addWidget(new QLabel("to responded%", page0), 4, 1);  // Label6
     g0->addWidget(label2_, 4, 2);
     g0->addWidget(picture4_, 3, 3, 2, 1);
-    g0->setRowStretch(5, 1);
-    tabs_->addTab(page0, "Probit");
+    AddGridPage(*tabs_, {page0, g0}, 5, "Probit");
 
-    auto* page1 = new QWidget;
-    auto* g1 = new QGridLayout(page1);
+    const auto [page1, g1] = NewGridPage();
     label12_ = ResultLabel(page1);
     label13_ = ResultLabel(page1);
     g1->addWidget(new QLabel("Expected probit \"Y\"", page1), 0, 0);  // Label7
@@ -106,8 +104,7 @@ ProbitDialog::ProbitDialog(ProbitConverter& converter, std::function<void()> clo
     g1->addWidget(label12_, 3, 0);
     g1->addWidget(new QLabel("Weighting coefficient", page1), 2, 1);  // Label14
     g1->addWidget(label13_, 3, 1);
-    g1->setRowStretch(4, 1);
-    tabs_->addTab(page1, "Working probit");
+    AddGridPage(*tabs_, {page1, g1}, 4, "Working probit");
 
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
         (ProbitConverter::FocusOnTab(tab) == ProbitConverter::Box::Text3 ? text3_ : text1_)

@@ -12,6 +12,7 @@
 #include "shell/ChangeOptionsDialog.h"
 #include "shell/ExcelOptionsDialog.h"
 #include "shell/HelpWindow.h"
+#include "shell/ImportProgressDialog.h"
 #include "shell/MainWindow.h"
 #include "shell/NotesDialog.h"
 #include "shell/OptionsDialog.h"
@@ -257,16 +258,6 @@ ExcelOptionsDialog* Program::excelOptionsDialog() const {
     return excelOptions_.data();
 }
 
-namespace {
-
-// The import's file dialog offers every kind it reads; the content decides.
-constexpr const char* kImportFilter =
-    "All data files (*.txt *.csv *.xls *.xlsx *.ods)|*.txt *.csv *.xls *.xlsx *.ods|"
-    "Excel Files (*.xls)|*.xls|Excel Files (*.xlsx)|*.xlsx|"
-    "OpenDocument spreadsheets (*.ods)|*.ods|Text Files (*.txt)|*.txt|CSV Files (*.csv)|*.csv";
-
-}  // namespace
-
 void Program::commandImport() {
     if (document_.main().PendingCommand == MainCommand::None) {
         // The options dialog comes first; its OK sends the import on (importRequested).
@@ -277,8 +268,7 @@ void Program::commandImport() {
         return;
     }
     document_.setPendingCommand(MainCommand::None);
-    const std::optional<std::string> path = port_.openFileName(
-        FileDialog{"Import data from Text or Excel file", kImportFilter, "", ""});
+    const std::optional<std::string> path = ChooseImportFile(port_, importFilterIndex_);
     if (!path)
         return;  // the new empty line stays
     std::string head;
@@ -289,7 +279,7 @@ void Program::commandImport() {
     }
     const ImportFormat format = SniffImportFormat(head);
     if (format == ImportFormat::Text || format == ImportFormat::Unknown) {
-        run([&] { ImportDataFile(document_, port_, *path, SheetChoice{}); });
+        importWithProgress(*path, SheetChoice{});
         return;
     }
     std::vector<std::string> sheets;
@@ -438,7 +428,15 @@ void Program::spreadsheetReadRequested() {
         return;
     const PendingSheet choice = std::move(*pendingSheet_);
     pendingSheet_.reset();
-    run([&] { ImportDataFile(document_, port_, choice.path, choice.sheet); });
+    importWithProgress(choice.path, choice.sheet);
+}
+
+// The reading of an import, with a progress bar when it takes a while.
+void Program::importWithProgress(const std::string& path, const SheetChoice& choice) {
+    run([&] {
+        ImportProgressDialog bar(main_, importProgressDelay_);
+        ImportDataFile(document_, port_, path, choice, bar.progress());
+    });
 }
 
 // The comparison calculates each line through its own calculator (DocumentLineCalculator),

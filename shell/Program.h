@@ -85,6 +85,8 @@ class Program : public QObject, public DocumentObserver {
     ProbitDialog& probitDialog();
     ChangeOptionsDialog* changeOptionsDialog() const;
     ExcelOptionsDialog* excelOptionsDialog() const;
+    // How long an import runs before its progress bar shows (tests show it at once).
+    void setImportProgressDelay(int ms) { importProgressDelay_ = ms; }
     NotesDialog* notesDialog() const;
     ResultsWindow* resultsWindow() const;
     RtvinWindow* rtvinWindow() const;
@@ -157,6 +159,9 @@ class Program : public QObject, public DocumentObserver {
         SheetChoice sheet;
     };
     std::optional<PendingSheet> pendingSheet_;
+    int importFilterIndex_ = 0;  // the import's last filter, kept for the run
+    int importProgressDelay_ = 500;
+    void importWithProgress(const std::string& path, const SheetChoice& choice);
     QPointer<NotesDialog> notes_;
     QPointer<ResultsWindow> results_;
     QPointer<HelpWindow> help_;

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
+#include <algorithm>
 
 namespace morvane {
 namespace {
@@ -130,11 +131,15 @@ Answer QtUserPort::ask(const Message& message) {
 }
 
 std::optional<std::string> QtUserPort::openFileName(const FileDialog& dialog) {
-    const QString path =
-        QFileDialog::getOpenFileName(owner(), QString::fromStdString(dialog.title),
-                                     StartPath(dialog), QtFileFilter(dialog.filter));
+    const QString filter = QtFileFilter(dialog.filter);
+    const QStringList entries = filter.split(";;");
+    QString selected = entries.value(std::max(dialog.filterIndex, 1) - 1, entries.value(0));
+    const QString path = QFileDialog::getOpenFileName(owner(), QString::fromStdString(dialog.title),
+                                                      StartPath(dialog), filter, &selected);
     if (path.isEmpty())
         return std::nullopt;
+    if (dialog.chosenFilter && entries.contains(selected))
+        *dialog.chosenFilter = static_cast<int>(entries.indexOf(selected)) + 1;
     return path.toStdString();
 }
 

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/LineFileText.h"
 #include "support/TestFiles.h"
 
 namespace morvane::testing {
@@ -48,20 +49,6 @@ inline CliResult RunCli(const std::vector<std::string>& args, const std::filesys
     return result;
 }
 
-// The text of a line file of the current layout, as the program writes it: the
-// version record, the options record given, the size record, every cell of the
-// table quoted with a comma behind it, then the notes record on the same line.
-inline std::string CurrentLineFile(const std::string& options, int columns,
-                                   const std::vector<std::vector<std::string>>& rows,
-                                   const std::string& notes) {
-    std::string text = "2,\"\",\"\",\"\",\"\",\"\"\r\n" + options + "\r\n";
-    text += std::to_string(rows.size() + 2) + "," + std::to_string(columns) + "\r\n";
-    for (const auto& row : rows)
-        for (const std::string& cell : row)
-            text += "\"" + cell + "\",";
-    return text + notes + "\r\n";
-}
-
 // A test of morvane-cli in a folder of its own. expectRun runs the tool with the
 // words of its command (none for the tool's own options) before the arguments, and
 // compares its whole standard output, standard error and exit status.
@@ -83,6 +70,14 @@ class CliTest : public ::testing::Test {
     }
     // What --help prints.
     std::string usage() const { return RunCli({"--help"}, folder.path()).out; }
+    // The usage holds the command's block, which starts with its first line, and the
+    // command's --help prints the whole usage.
+    void expectUsageHas(const std::string& block, const std::string& firstLine) const {
+        const std::string help = usage();
+        EXPECT_NE(help.find(block), std::string::npos) << help;
+        EXPECT_TRUE(block.starts_with(firstLine)) << block;
+        expectRun({"--help"}, help, "", 0);
+    }
 
     TempFolder folder;
 

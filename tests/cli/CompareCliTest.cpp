@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "CliRun.h"
+#include "cli/CompareCommand.h"
 #include "core/NumberText.h"
 
 namespace morvane {

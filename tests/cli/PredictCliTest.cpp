@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CliRun.h"
+#include "cli/PredictCommand.h"
 
 namespace morvane {
 namespace {
@@ -17,20 +18,10 @@ using testing::CliTest;
 using testing::RunCli;
 using testing::TempFolder;
 
-const std::string kPredictBlock =
-    "  predict (--points D1 R1 D2 R2 | --point D R --slope B)\n"
-    "          [--dose X]... [--response P]...\n"
-    "      The extrapolation and interpolation calculator: a log-probit line\n"
-    "      through two points (dose and response %) or through one point with a\n"
-    "      slope, read at the doses and responses asked for. Prints the lines\n"
-    "      \"Slope\", \"Intercept\" and \"Dose\" \"Response %\", then one line per\n"
-    "      query in the order given, fields separated by a tab.\n"
-    "        --dose X      the response % at dose X (\"Predict  >>\")\n"
-    "        --response P  the dose that gives P % (1 to 99, \"Predict  <<\")\n"
-    "      Values are digits and a decimal point only. A point's response must lie\n"
-    "      from 1 to 99 and its dose must not be 0. A refused query is told on\n"
-    "      standard error and adds no line. Exit status 1 when the line can't be\n"
-    "      defined, or when a query meets a dose of 0 or a slope of 0.\n";
+// The block of the command as the tool prints it; its first line as a user reads it.
+const std::string kPredictBlock = cli::kPredictUsage;
+const std::string kPredictBlockFirstLine =
+    "  predict (--points D1 R1 D2 R2 | --point D R --slope B)\n";
 
 const std::string kTwoPointsHead = "Slope\t1.989\nIntercept\t4.0055\nDose\tResponse %\n";
 const std::string kPointAndSlopeHead = "Slope\t2\nIntercept\t3\nDose\tResponse %\n";
@@ -50,9 +41,7 @@ class PredictCliTest : public CliTest {
 };
 
 TEST_F(PredictCliTest, TheUsageHasTheCommand) {
-    const std::string help = usage();
-    EXPECT_NE(help.find(kPredictBlock), std::string::npos) << help;
-    expectRun({"--help"}, help, "", 0);
+    expectUsageHas(kPredictBlock, kPredictBlockFirstLine);
 }
 
 TEST_F(PredictCliTest, TwoPoints) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CliRun.h"
+#include "cli/ReductionCommand.h"
 
 namespace morvane {
 namespace {
@@ -17,21 +18,9 @@ using testing::CliTest;
 using testing::RunCli;
 using testing::TempFolder;
 
-const std::string kReductionBlock =
-    "  reduction FORMULA VALUE...\n"
-    "      The Reduction % calculator. FORMULA and its values, in the order of the\n"
-    "      boxes of its tab:\n"
-    "        abbott            treated after, control after\n"
-    "        henderson-tilton  treated before, control before, treated after,\n"
-    "                          control after\n"
-    "        schneider-orelli  mortality % in treated, mortality % in control\n"
-    "        sun-shepard       mortality % in treated, change % in control\n"
-    "      The values come in groups of that many; each group is typed into the\n"
-    "      boxes and \"OK >\" pressed, one group after the other. Prints the text\n"
-    "      that \"Copy table\" gives: the heading row, one row per accepted group\n"
-    "      and the empty last row, cells separated by tabs. A value may begin with\n"
-    "      a minus sign. A refused group is told on standard error and adds no\n"
-    "      row; exit status 1 when any group was refused.\n";
+// The block of the command as the tool prints it; its first line as a user reads it.
+const std::string kReductionBlock = cli::kReductionUsage;
+const std::string kReductionBlockFirstLine = "  reduction FORMULA VALUE...\n";
 
 const std::string kAbbottHead = "\tn. t. after\tn. co. after\tcorrected %\n";
 const std::string kHendersonHead =
@@ -45,9 +34,7 @@ class ReductionCliTest : public CliTest {
 };
 
 TEST_F(ReductionCliTest, TheUsageHasTheCommand) {
-    const std::string help = usage();
-    EXPECT_NE(help.find(kReductionBlock), std::string::npos) << help;
-    expectRun({"--help"}, help, "", 0);
+    expectUsageHas(kReductionBlock, kReductionBlockFirstLine);
 }
 
 TEST_F(ReductionCliTest, Abbott) {

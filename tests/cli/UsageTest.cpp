@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "CliRun.h"
+#include "cli/ReportCommand.h"
 
 namespace morvane {
 namespace {

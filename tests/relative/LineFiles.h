@@ -13,6 +13,7 @@
 #include "core/NumberText.h"
 #include "document/LineDocument.h"
 
+#include "support/LineFileText.h"
 #include "support/TestFiles.h"
 
 namespace morvane::testing {
@@ -44,26 +45,20 @@ inline std::string Quoted(const std::string& text) {
 // The text of a current line file.
 inline std::string LineFileText(const LineFileFigures& figures) {
     const bool custom = !figures.abbreviation.empty();
-    std::string text = "2,\"\",\"\",\"\",\"\",\"\"\r\n";
-    text += "1," + std::string(custom ? "1" : "0") + "," + Quoted(custom ? "" : figures.unit) +
-            ",\"\"," + std::to_string(custom ? 1 : figures.factor) + "," +
-            Quoted(custom ? figures.customFactor : "Dose") + "," +
-            Quoted(custom ? figures.abbreviation : "LD") + "," +
-            Quoted(custom ? figures.customUnits : "") + ",0," + Quoted(figures.alpha) + ",0,0\r\n";
-    text += std::to_string(figures.rows.size() + 2) + ",6\r\n";
+    const std::string options =
+        "1," + std::string(custom ? "1" : "0") + "," + Quoted(custom ? "" : figures.unit) +
+        ",\"\"," + std::to_string(custom ? 1 : figures.factor) + "," +
+        Quoted(custom ? figures.customFactor : "Dose") + "," +
+        Quoted(custom ? figures.abbreviation : "LD") + "," +
+        Quoted(custom ? figures.customUnits : "") + ",0," + Quoted(figures.alpha) + ",0,0";
+    std::vector<std::vector<std::string>> cells;
     for (const Replicate& r : figures.rows) {
         const std::string label = r.control ? "C" : "T";
-        const std::string cells[] = {label,
-                                     PlainText(r.dose),
-                                     PlainText(r.total),
-                                     PlainText(r.responded),
-                                     FormatNumber(r.responded / r.total * 100, "0.000"),
-                                     SortKey(r.dose, label)};
-        for (const std::string& cell : cells)
-            text += Quoted(cell) + ",";
+        cells.push_back({label, PlainText(r.dose), PlainText(r.total), PlainText(r.responded),
+                         FormatNumber(r.responded / r.total * 100, "0.000"),
+                         SortKey(r.dose, label)});
     }
-    text += "\"Treatment\",\"Target\",\"01 / 02 / 2003\",\"\"\r\n";
-    return text;
+    return CurrentLineFile(options, 6, cells, "\"Treatment\",\"Target\",\"01 / 02 / 2003\",\"\"");
 }
 
 // The text of an older line file of the paired layout ("Time"): the treated

@@ -58,15 +58,8 @@ class CalculatorWindowsTest : public QObject {
     static void Keys(QWidget* box, const QString& text) { QTest::keyClicks(box, text); }
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        main = &f->program->mainWindow();
-        QVERIFY(ShowActive(*main));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartProgram(f, main); }
+    void cleanup() { EndProgram(f); }
 
     // Reduction %
 

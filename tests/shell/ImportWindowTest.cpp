@@ -2,7 +2,11 @@
 // dialog, then for a workbook FormExcelOptions with the workbook's sheets.
 
 #include <QComboBox>
+#include <QFile>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include "ShellTestSupport.h"
 #include "document/Import.h"
@@ -39,15 +43,8 @@ class ImportWindowTest : public QObject {
     int DataRows() const { return f->program->document().Grid1().rows() - 2; }
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        main = &f->program->mainWindow();
-        QVERIFY(ShowActive(*main));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartProgram(f, main); }
+    void cleanup() { EndProgram(f); }
 
     void textFileIsReadAfterTheOptionsAndTheFileDialog() {
         f->port.openAnswers.push_back(DataFile("counts.csv"));
@@ -60,6 +57,61 @@ class ImportWindowTest : public QObject {
         QCOMPARE(main->Grid1()->cellText(1, dosecol::Dose), QString("1"));
         QCOMPARE(f->program->document().file().Modified(), 1);
         QVERIFY(f->port.messages.empty());
+    }
+
+    void fileDialogOpensWithTheFilterChosenInTheLastImport() {
+        f->port.openAnswers.push_back(DataFile("counts.csv"));
+        f->port.openFilterChoices.push_back(6);
+        ImportThroughOptions();
+        QCOMPARE(DataRows(), 4);
+        f->port.answers.push_back(Answer::No);  // the "save changes" question of the new line
+        f->port.openAnswers.push_back(std::nullopt);
+        ImportThroughOptions();
+        QCOMPARE(f->port.openDialogs.size(), std::size_t{2});
+        QCOMPARE(f->port.openDialogs[0].filterIndex, 0);
+        QCOMPARE(f->port.openDialogs[1].filterIndex, 6);
+    }
+
+    // A long import shows its progress bar (here at once), and its Cancel leaves the new
+    // line empty.
+    void cancelOfTheProgressBarLeavesTheNewLineEmpty() {
+        const QString path = f->path("many.csv");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        for (int r = 0; r < 30000; ++r)
+            file.write(QString("%1,%2,20\r\n").arg(1 + r % 40).arg(r % 19).toLatin1());
+        file.close();
+        f->program->setImportProgressDelay(1);
+        f->port.openAnswers.push_back(path.toStdString());
+        bool seen = false;
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, [&] {
+            for (QWidget* w : QApplication::topLevelWidgets()) {
+                auto* bar = qobject_cast<QProgressDialog*>(w);
+                if (!bar || !bar->isVisible() || bar->objectName() != "ImportProgress" || seen)
+                    continue;
+                seen = true;
+                QCOMPARE(bar->labelText(), QString("Importing data..."));
+                const auto buttons = bar->findChildren<QPushButton*>();
+                QCOMPARE(buttons.size(), 1);
+                QCOMPARE(buttons[0]->text(), QString("Cancel"));
+                Click(buttons[0]);
+            }
+        });
+        watch.start(0);
+        ImportThroughOptions();
+        watch.stop();
+        QVERIFY(seen);
+        QCOMPARE(DataRows(), 0);
+        QCOMPARE(f->program->document().Grid1().cols(), 7);  // laid out for two counts
+        QCOMPARE(f->program->document().file().Modified(), 0);
+        QVERIFY(f->port.messages.empty());
+        QVERIFY(main->CommandNew()->isEnabled());
+        // The line takes the next import whole.
+        f->port.answers.push_back(Answer::No);
+        f->port.openAnswers.push_back(DataFile("counts.csv"));
+        ImportThroughOptions();
+        QCOMPARE(DataRows(), 4);
     }
 
     void cancelledFileDialogKeepsTheNewEmptyLine() {

@@ -26,15 +26,8 @@ class MainWindowTest : public QObject {
     MainWindow* main = nullptr;
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        main = &f->program->mainWindow();
-        QVERIFY(ShowActive(*main));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartProgram(f, main); }
+    void cleanup() { EndProgram(f); }
 
     void startsWithNoDocument() {
         QCOMPARE(main->windowTitle(), QString("Morvane[*]"));

@@ -47,8 +47,7 @@ class RelativeExportWindowTest : public QObject {
         QVERIFY(ShowActive(*out));
     }
     void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
+        EndProgram(f);
         out = nullptr;
     }
 

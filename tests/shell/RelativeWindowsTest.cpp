@@ -105,8 +105,7 @@ class RelativeWindowsTest : public QObject {
         QVERIFY(ShowActive(f->program->mainWindow()));
     }
     void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
+        EndProgram(f);
         rtvin = nullptr;
     }
 

@@ -40,21 +40,8 @@ class ResultsWindowTest : public QObject {
     }
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        MainWindow& main = f->program->mainWindow();
-        QVERIFY(ShowActive(main));
-        NewLine(*f);
-        TypeAssay(main);
-        Click(main.CommandCalc());
-        results = f->program->resultsWindow();
-        QVERIFY(results);
-        QVERIFY(ShowActive(*results));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartResults(f, results); }
+    void cleanup() { EndProgram(f); }
 
     void captionsFollowTheLineWords() {
         QCOMPARE(child<QTabWidget>("SSTab2")->tabText(0).replace('\n', ' '),

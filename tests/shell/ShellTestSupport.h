@@ -1,7 +1,6 @@
 #pragma once
-// What the window tests share: a user port with scripted answers that never opens a
-// window, a program in a folder of its own, and the user's gestures (a click, typing
-// into a box, a key).
+// What the window tests share: the scripted user port (tests/support), a program in
+// a folder of its own, and the user's gestures (a click, typing into a box, a key).
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -26,66 +25,10 @@
 #include "shell/MainWindow.h"
 #include "shell/OptionsDialog.h"
 #include "shell/Program.h"
+#include "shell/ResultsWindow.h"
+#include "support/QtScriptedPort.h"
 
 namespace morvane::testing {
-
-// Every message is recorded; a question takes the next queued answer, and a question
-// or a dialog with nothing queued is noted in failures.
-class QtScriptedPort : public UserPort {
-  public:
-    std::vector<Message> messages;
-    std::deque<Answer> answers;
-    std::deque<std::optional<std::string>> openAnswers, saveAnswers, inputAnswers;
-    std::vector<FileDialog> openDialogs, saveDialogs;
-    QStringList failures;
-
-    Answer ask(const Message& message) override {
-        messages.push_back(message);
-        if (message.buttons == Buttons::Ok)
-            return Answer::Ok;
-        if (answers.empty()) {
-            failures << QString::fromStdString("unexpected question: " + message.text);
-            return message.defaultAnswer;
-        }
-        const Answer answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-    std::optional<std::string> openFileName(const FileDialog& dialog) override {
-        openDialogs.push_back(dialog);
-        return next(openAnswers, "open dialog");
-    }
-    std::optional<std::string> saveFileName(const FileDialog& dialog) override {
-        saveDialogs.push_back(dialog);
-        return next(saveAnswers, "save dialog");
-    }
-    std::optional<std::string> inputBox(const InputRequest&) override {
-        return next(inputAnswers, "input box");
-    }
-
-    // The texts of the messages so far.
-    QStringList texts() const {
-        QStringList out;
-        for (const Message& m : messages)
-            out << QString::fromStdString(m.text);
-        return out;
-    }
-    QString lastText() const {
-        return messages.empty() ? QString() : QString::fromStdString(messages.back().text);
-    }
-
-  private:
-    std::optional<std::string> next(std::deque<std::optional<std::string>>& queue,
-                                    const char* what) {
-        if (queue.empty()) {
-            failures << QString("unexpected ") + what;
-            return std::nullopt;
-        }
-        auto answer = queue.front();
-        queue.pop_front();
-        return answer;
-    }
-};
 
 // A program in a temporary folder of its own, with the scripted port.
 struct ShellFixture {
@@ -97,12 +40,27 @@ struct ShellFixture {
     QString path(const QString& name) const { return folder.path() + "/" + name; }
 };
 
+// The start of a window test: a new program, its input window shown and active.
+inline void StartProgram(std::unique_ptr<ShellFixture>& f, MainWindow*& main);
+
+// The end of a window test: nothing was asked that the test did not answer.
+inline void EndProgram(std::unique_ptr<ShellFixture>& f) {
+    QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
+    f.reset();
+}
+
 // Shows a window and waits until it is the active one, so that it takes the focus.
 inline bool ShowActive(QWidget& window) {
     window.show();
     window.activateWindow();
     QApplication::setActiveWindow(&window);
     return QTest::qWaitForWindowActive(&window);
+}
+
+inline void StartProgram(std::unique_ptr<ShellFixture>& f, MainWindow*& main) {
+    f = std::make_unique<ShellFixture>();
+    main = &f->program->mainWindow();
+    QVERIFY(ShowActive(*main));
 }
 
 // A click where a user clicks: check boxes and option buttons on their mark, other
@@ -164,6 +122,20 @@ inline void TypeAssay(MainWindow& main) {
     TypeRow(main, "4", "10", "10");
     TypeRow(main, "8", "15", "5");
     TypeRow(main, "16", "19", "1");
+}
+
+// The start of a results window test: the assay typed into a new line and calculated,
+// the results window shown and active.
+inline void StartResults(std::unique_ptr<ShellFixture>& f, ResultsWindow*& results) {
+    f = std::make_unique<ShellFixture>();
+    MainWindow& main = f->program->mainWindow();
+    QVERIFY(ShowActive(main));
+    NewLine(*f);
+    TypeAssay(main);
+    Click(main.CommandCalc());
+    results = f->program->resultsWindow();
+    QVERIFY(results);
+    QVERIFY(ShowActive(*results));
 }
 
 }  // namespace morvane::testing

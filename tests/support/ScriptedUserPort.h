@@ -1,53 +1,18 @@
 #pragma once
-// The user interface port with scripted answers: every message is recorded, and each
-// question takes the next queued answer (a question with no answer queued fails the
-// test).
+// The scripted user port of the GoogleTest tests: a question or a dialog with no
+// answer queued fails the test.
 
 #include <gtest/gtest.h>
 
-#include <deque>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/UserPort.h"
+#include "support/ScriptedPortBase.h"
 
 namespace morvane::testing {
 
-class ScriptedUserPort : public UserPort {
+class ScriptedUserPort : public ScriptedPortBase {
   public:
-    std::vector<Message> messages;
-    std::deque<Answer> answers;
-    std::vector<FileDialog> openDialogs, saveDialogs;
-    std::deque<std::optional<std::string>> openAnswers, saveAnswers;
-    std::vector<InputRequest> inputs;
-    std::deque<std::optional<std::string>> inputAnswers;
-
-    Answer ask(const Message& message) override {
-        messages.push_back(message);
-        if (message.buttons == Buttons::Ok)
-            return Answer::Ok;
-        if (answers.empty()) {
-            ADD_FAILURE() << "unexpected question: " << message.text;
-            return message.defaultAnswer;
-        }
-        Answer a = answers.front();
-        answers.pop_front();
-        return a;
-    }
-    std::optional<std::string> openFileName(const FileDialog& dialog) override {
-        openDialogs.push_back(dialog);
-        return next(openAnswers, "open dialog");
-    }
-    std::optional<std::string> saveFileName(const FileDialog& dialog) override {
-        saveDialogs.push_back(dialog);
-        return next(saveAnswers, "save dialog");
-    }
-    std::optional<std::string> inputBox(const InputRequest& request) override {
-        inputs.push_back(request);
-        return next(inputAnswers, "input box");
-    }
-
     // The texts of the messages so far, in order.
     std::vector<std::string> texts() const {
         std::vector<std::string> out;
@@ -56,17 +21,8 @@ class ScriptedUserPort : public UserPort {
         return out;
     }
 
-  private:
-    static std::optional<std::string> next(std::deque<std::optional<std::string>>& queue,
-                                           const char* what) {
-        if (queue.empty()) {
-            ADD_FAILURE() << "unexpected " << what;
-            return std::nullopt;
-        }
-        auto a = queue.front();
-        queue.pop_front();
-        return a;
-    }
+  protected:
+    void unexpected(const std::string& what) override { ADD_FAILURE() << what; }
 };
 
 }  // namespace morvane::testing
