@@ -93,16 +93,17 @@ class FigureComposer {
 
     // A label whose box would meet one placed before moves by whole rows in the
     // direction step, at most `rows` of them, or is left out.
-    std::optional<TextBox> label(double x, double y, const std::string& caption, HorizontalAnchor h,
-                                 VerticalAnchor v, int step = 0, int rows = 0) {
+    std::optional<TextRoom> label(double x, double y, const std::string& caption,
+                                  HorizontalAnchor h, VerticalAnchor v, int step = 0,
+                                  int rows = 0) {
         if (caption.empty())
             return std::nullopt;
         const draw::Text text{x, y, caption, figure_.font(), kFigureLabel, h, v};
-        const TextBox box = BoxOfText(text);
+        const TextRoom box = BoxOfText(text);
         const double height = box.bottom - box.top;
         for (int row = 0; row <= rows; ++row) {
             const double dy = step * row * height;
-            const TextBox moved{box.left, box.top + dy, box.right, box.bottom + dy};
+            const TextRoom moved{box.left, box.top + dy, box.right, box.bottom + dy};
             if (!moved.inside(0, 0, figure_.width(), figure_.height()) || !placer_.free(moved))
                 continue;
             placer_.reserve(moved);

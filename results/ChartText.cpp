@@ -24,7 +24,7 @@ double EstimatedTextHeight(double points) {
     return points * kTwipsPerPoint * kLineShare;
 }
 
-TextBox BoxOfText(const draw::Text& t) {
+TextRoom BoxOfText(const draw::Text& t) {
     const double along = EstimatedTextWidth(t.text, t.font.points);
     const double across = EstimatedTextHeight(t.font.points);
     auto start = [](double at, double size, int anchor) {
@@ -36,15 +36,15 @@ TextBox BoxOfText(const draw::Text& t) {
         // Turned to read upward: the text runs up the page from its anchor.
         const double top = t.y - along - start(0, along, h);
         const double left = start(t.x, across, v);
-        return TextBox{left, top, left + across, top + along};
+        return TextRoom{left, top, left + across, top + along};
     }
     const double left = start(t.x, along, h);
     const double top = start(t.y, across, v);
-    return TextBox{left, top, left + along, top + across};
+    return TextRoom{left, top, left + along, top + across};
 }
 
-std::vector<TextBox> TextBoxesOf(const Drawing& drawing) {
-    std::vector<TextBox> boxes;
+std::vector<TextRoom> TextRoomsOf(const Drawing& drawing) {
+    std::vector<TextRoom> boxes;
     for (const DrawOp& op : drawing.ops()) {
         if (const auto* text = std::get_if<draw::Text>(&op))
             boxes.push_back(BoxOfText(*text));
@@ -89,13 +89,13 @@ bool TextPlacer::Hint::operator<(const Hint& o) const {
     return std::tie(strip, y, step) < std::tie(o.strip, o.y, o.step);
 }
 
-void TextPlacer::reserve(const TextBox& box) {
+void TextPlacer::reserve(const TextRoom& box) {
     placed_.push_back(box);
     for (long s = strip(box.left); s <= strip(box.right); ++s)
         strips_[s].push_back(placed_.size() - 1);
 }
 
-bool TextPlacer::free(const TextBox& box) const {
+bool TextPlacer::free(const TextRoom& box) const {
     for (long s = strip(box.left); s <= strip(box.right); ++s) {
         const auto found = strips_.find(s);
         if (found == strips_.end())
@@ -108,8 +108,8 @@ bool TextPlacer::free(const TextBox& box) const {
     return true;
 }
 
-std::optional<TextBox> TextPlacer::place(double x, double y, double width, double height, int step,
-                                         double limitTop, double limitBottom) {
+std::optional<TextRoom> TextPlacer::place(double x, double y, double width, double height, int step,
+                                          double limitTop, double limitBottom) {
     // Texts wanted at one place go in rows one after the other: the search starts at
     // the row where the last of them went, so that many texts at one place cost no
     // more than a few.
@@ -120,7 +120,7 @@ std::optional<TextBox> TextPlacer::place(double x, double y, double width, doubl
         row = found->second;
     for (;; ++row) {
         const double top = y + step * row * height;
-        const TextBox box{x, top, x + width, top + height};
+        const TextRoom box{x, top, x + width, top + height};
         if (top < limitTop || top + height > limitBottom)
             return std::nullopt;
         if (free(box)) {

@@ -17,13 +17,13 @@
 namespace morvane {
 
 // The box a text takes on the surface.
-struct TextBox {
+struct TextRoom {
     double left = 0;
     double top = 0;
     double right = 0;
     double bottom = 0;
     // Two boxes meet when they share more than their edges.
-    bool meets(const TextBox& other) const {
+    bool meets(const TextRoom& other) const {
         return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
     }
     bool inside(double x1, double y1, double x2, double y2) const {
@@ -35,10 +35,10 @@ double EstimatedTextWidth(const std::string& text, double points);
 double EstimatedTextHeight(double points);
 
 // The box of a drawn text by its anchor, upright or turned by 90 degrees.
-TextBox BoxOfText(const draw::Text& text);
+TextRoom BoxOfText(const draw::Text& text);
 
 // The boxes of every text of a drawing, in the order drawn.
-std::vector<TextBox> TextBoxesOf(const Drawing& drawing);
+std::vector<TextRoom> TextRoomsOf(const Drawing& drawing);
 
 // Cuts a segment to the box from 0, 0 to width, height (Liang and Barsky). False
 // when nothing of it lies inside.
@@ -50,15 +50,15 @@ bool ClipToBox(double& x1, double& y1, double& x2, double& y2, double width, dou
 class TextPlacer {
   public:
     // Takes the room of a box that stays where it is (an axis label, say).
-    void reserve(const TextBox& box);
+    void reserve(const TextRoom& box);
     // Whether a box would meet no box placed so far.
-    bool free(const TextBox& box) const;
+    bool free(const TextRoom& box) const;
     // Sets a box of the given size in the first row, counted from the wanted top in
     // the direction step (+1 downward, -1 upward), where it meets nothing placed
     // before and stays within the limits top to bottom (a wanted top beyond them is
     // brought within first). Nothing when no row fits.
-    std::optional<TextBox> place(double x, double y, double width, double height, int step,
-                                 double limitTop, double limitBottom);
+    std::optional<TextRoom> place(double x, double y, double width, double height, int step,
+                                  double limitTop, double limitBottom);
 
   private:
     static long strip(double x);
@@ -68,7 +68,7 @@ class TextPlacer {
         int step;
         bool operator<(const Hint& o) const;
     };
-    std::vector<TextBox> placed_;
+    std::vector<TextRoom> placed_;
     std::map<long, std::vector<std::size_t>> strips_;
     std::map<Hint, int> hints_;
 };

@@ -106,7 +106,7 @@ class ChartFigureTest : public ::testing::Test {
 
     // No two texts of the figure meet, and every text lies inside the figure.
     static void expectTextsApart(const Drawing& d) {
-        const std::vector<TextBox> boxes = TextBoxesOf(d);
+        const std::vector<TextRoom> boxes = TextRoomsOf(d);
         for (std::size_t i = 0; i < boxes.size(); ++i) {
             EXPECT_TRUE(boxes[i].inside(0, 0, d.width(), d.height())) << i;
             for (std::size_t j = i + 1; j < boxes.size(); ++j)
