@@ -17,6 +17,7 @@
 #include "results/ResultsExport.h"
 #include "results/ResultsLayout.h"
 #include "results/ResultsWorkbook.h"
+#include "shell/CaptionTabs.h"
 #include "shell/PictureExport.h"
 #include "shell/Program.h"
 #include "shell/Twips.h"
@@ -191,12 +192,14 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     grid2_->setTable(&results_->tables().Grid2);
     // The statistics table has no heading row of its own: its first row is "Slope".
     grid22_->setHeadingRow(false);
+    for (TextTableView* grid : {grid1_, grid22_, grid2_})
+        grid->setFillWidth(true);
     text8_ = new QLabel(page);
     text8_->setWordWrap(true);
     text8_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     text8_->setStyleSheet("color: rgb(170,0,0);");
 
-    sstab2_ = new QTabWidget(page);
+    sstab2_ = new CaptionTabWidget(page);
     sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
     sstab2_->addTab(buildResponsePanel(), "Calculate Response");
     connectQueries();

@@ -126,6 +126,7 @@ void RtvoutWindow::buildTablesTab(QWidget* page) {
 
     grid1_ = new TextTableView(page);
     grid1_->setObjectName("Grid1");
+    grid1_->setFillWidth(true);
     measurer_.setWidget(*grid1_);
     alignColumns();
     grid1_->setTable(&rtvout_->Grid1);
