@@ -34,6 +34,7 @@
 #include "core/TextTable.h"
 #include "core/UserPort.h"
 #include "relative/Rtvout.h"
+#include "results/Chart.h"
 #include "results/ChartText.h"
 
 namespace morvane {
@@ -138,15 +139,6 @@ class MultiLineChart {
         double to = 0;
         double sorted = 0;
     };
-    // The scale of the last drawing.
-    struct Scale {
-        double plotWidth = 0;
-        double plotHeight = 0;
-        double cycleWidth = 0;
-        double cycleShift = 0;
-        double logOrigin = 0;
-        int cycles = 0;
-    };
 
     // The steps of SetRelativeXAxis.
     void PlaceYLabels();
@@ -178,7 +170,7 @@ class MultiLineChart {
     bool allBlack_ = false;
     bool wideRangeWarned_ = false;
 
-    Scale scale_;
+    ChartScale scale_;
     Drawing drawing_;
     TextTable grid4_{1, 3};
     std::vector<LegendRow> legend_;

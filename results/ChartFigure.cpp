@@ -72,7 +72,10 @@ class FigureComposer {
                 figure_.setPenWidth(std::max(point->width, kFigurePointWidth));
                 figure_.point(plot_.left + point->x, plot_.top + point->y, point->color);
             } else if (const auto* text = std::get_if<draw::Text>(&op)) {
-                plotTexts_.push_back(*text);
+                // Marks added one after another are drawn again over the plot: a text
+                // printed once more at its place is the same text.
+                if (std::find(plotTexts_.begin(), plotTexts_.end(), *text) == plotTexts_.end())
+                    plotTexts_.push_back(*text);
             }
         }
         figure_.setPenWidth(1);
@@ -154,7 +157,8 @@ class FigureComposer {
 
     // The texts of the marks: each in the first free row at or above its place,
     // inside the plot, on the left of its drop line where the right edge is near;
-    // where the top of the plot leaves no room, the first free row below it.
+    // where the top of the plot leaves no room, the first free row below it. The text
+    // of a mark beyond the last cycle is left out with its line.
     void plotTexts() {
         for (const draw::Text& t : plotTexts_) {
             const double width = EstimatedTextWidth(t.text, t.font.points);
@@ -163,6 +167,8 @@ class FigureComposer {
             if (x + width > plot_.right() - kTextGap)
                 x = std::max(plot_.left + kTextGap, x - width - 2 * kTextGap);
             x = std::max(x, plot_.left + kTextGap / 2);
+            if (x + width > plot_.right())
+                continue;  // the mark lies beyond the last cycle
             const double y = std::min(plot_.top + t.y, plot_.bottom() - height);
             auto box = placer_.place(x, y, width, height, -1, plot_.top, plot_.bottom());
             if (!box)

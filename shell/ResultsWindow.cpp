@@ -20,6 +20,7 @@
 #include "shell/CaptionTabs.h"
 #include "shell/PictureExport.h"
 #include "shell/Program.h"
+#include "shell/ResultsFrame.h"
 #include "shell/Twips.h"
 #include "shell/WidgetPieces.h"
 
@@ -53,19 +54,10 @@ ResultsWindow::ResultsWindow(Program& program)
     setWindowTitle("Results");
     chart_ = std::make_unique<LogProbitChart>(results_->tables().Grid1, program.shared());
 
-    tab1_ = new QTabWidget(this);
-    tablesPage_ = new QWidget;
-    graphPage_ = new QWidget;
-    tab1_->addTab(tablesPage_, "Tables");
-    tab1_->addTab(graphPage_, "Graph");
+    MakeResultsTabs(*this, tab1_, tablesPage_, graphPage_);
     buildTablesTab(tablesPage_);
     buildGraphTab(graphPage_);
-
-    command5_ = new QPushButton("Save results into files", this);
-    command9_ = new QPushButton("Print", this);
-    command10_ = new QPushButton("Copy tables", this);
-    command11_ = new QPushButton("back to Input tabls", this);
-    command15_ = new QPushButton("Help", this);
+    MakeResultsButtons(*this, {&command5_, &command9_, &command10_, &command11_, &command15_});
     connect(command5_, &QPushButton::clicked, this, [this] { saveResultsIntoFiles(); });
     connect(command9_, &QPushButton::clicked, this,
             [this] { program_.laterVersion("Printing the results"); });

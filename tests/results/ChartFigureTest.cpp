@@ -244,6 +244,31 @@ TEST_F(ChartFigureTest, TheDoseOfAMarkAtTheRightEdgeStandsLeftOfItsLine) {
     expectTextsApart(d);
 }
 
+// Each added mark draws all marks again over the plot; the figure shows each text
+// once, and none of a mark beyond the last cycle.
+TEST_F(ChartFigureTest, MarksDrawnAgainShowOnceAndNoneBeyondThePlot) {
+    chart.clickAutoCycles(false);
+    chart.clickCycles("2");
+    addMarks({"50", "99"});
+    const Drawing d = ComposeChartFigure(chart, layout);
+    // The drawing holds "50" twice (the first mark drawn by each Add) and "99" once.
+    int plotFifty = 0;
+    for (const DrawOp& op : chart.drawing().ops())
+        if (const auto* t = std::get_if<draw::Text>(&op); t && t->text == "50")
+            ++plotFifty;
+    EXPECT_EQ(plotFifty, 2);
+    const auto captions = captionsOf(d);
+    // "50" once as the mark's percent, once as the percent label of the axis.
+    EXPECT_EQ(std::count(captions.begin(), captions.end(), "50"), 2);
+    shared.WorkValue = 10;
+    FormatEstimate(shared);
+    EXPECT_EQ(std::count(captions.begin(), captions.end(), shared.WorkText), 1);
+    // The 99% mark lies at log dose 2.163, beyond the two cycles: its dose is left out
+    // with its line, its percent stays by the left axis.
+    EXPECT_EQ(std::count(captions.begin(), captions.end(), "99"), 1);
+    expectTextsApart(d);
+}
+
 TEST_F(ChartFigureTest, MarksOfAFallingLineInASmallWindowStayApart) {
     line(-1.2, 0.5, 5);
     rowsOnLine(-1, 0.5, 5);
