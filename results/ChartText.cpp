@@ -5,16 +5,6 @@
 #include <tuple>
 
 namespace morvane {
-namespace {
-
-// An em of the label face is this many twips a point; a character takes at most
-// this share of an em, and every text a little room at its ends.
-constexpr double kCharacterShare = 0.66;
-constexpr double kTextEnds = 30;
-constexpr double kLineShare = 1.25;
-constexpr double kStripWidth = 400;
-
-}  // namespace
 
 double EstimatedTextWidth(const std::string& text, double points) {
     return static_cast<double>(text.size()) * points * kTwipsPerPoint * kCharacterShare + kTextEnds;
@@ -82,6 +72,7 @@ bool ClipToBox(double& x1, double& y1, double& x2, double& y2, double width, dou
 }
 
 long TextPlacer::strip(double x) {
+    constexpr double kStripWidth = 400;
     return static_cast<long>(std::floor(x / kStripWidth));
 }
 

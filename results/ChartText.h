@@ -31,6 +31,12 @@ struct TextRoom {
     }
 };
 
+// A character takes at most this share of an em of the label face, and every text
+// a little room at its ends; a line is this many ems high.
+inline constexpr double kCharacterShare = 0.66;
+inline constexpr double kTextEnds = 30;
+inline constexpr double kLineShare = 1.25;
+
 double EstimatedTextWidth(const std::string& text, double points);
 double EstimatedTextHeight(double points);
 

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "ChartRows.h"
 #include "core/DoseEstimates.h"
 #include "core/NumberText.h"
 #include "results/ChartText.h"
@@ -42,12 +43,7 @@ class ChartFigureTest : public ::testing::Test {
 
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
-        grid1.setText(r, datacol::Dose, dose);
-        grid1.setText(r, datacol::ScaledDose, dose);
-        grid1.setText(r, datacol::LogDose, logDose);
-        grid1.setText(r, datacol::Treated, "20");
-        grid1.setText(r, datacol::Observed, observed);
-        grid1.setText(r, datacol::LinearProbit, probit);
+        testing::SetChartRow(grid1, r, dose, logDose, observed, probit);
     }
 
     // Rows of a line of the given slope through probit 5 at log dose m, from log

@@ -118,14 +118,20 @@ bool SaveMaximised(QWidget& window, const QString& folder, QString name) {
     return ok;
 }
 
-// A shallow line over four decades, with its points and three marks: the cycles of
-// its slope leave room at the right, as the rule of the cycles gives it.
-bool DecadesScreenshot(const QString& folder) {
-    ShellFixture f;
+// The input window of a fixture, shown at the size of the pictures.
+MainWindow& ShowInput(ShellFixture& f) {
     MainWindow& main = f.program->mainWindow();
     main.resize(1040, 680);
     main.move(40, 40);
     ShowActive(main);
+    return main;
+}
+
+// A shallow line over four decades, with its points and three marks: the cycles of
+// its slope leave room at the right, as the rule of the cycles gives it.
+bool DecadesScreenshot(const QString& folder) {
+    ShellFixture f;
+    MainWindow& main = ShowInput(f);
     Click(main.CommandNew());
     TypeInto(f.program->optionsDialog().ComboUnit1()->lineEdit(), "mg");
     Click(f.program->optionsDialog().Command1());
@@ -168,10 +174,7 @@ int main(int argc, char** argv) {
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     ShellFixture f;
-    MainWindow& main = f.program->mainWindow();
-    main.resize(1040, 680);
-    main.move(40, 40);
-    ShowActive(main);
+    MainWindow& main = ShowInput(f);
 
     Click(main.CommandNew());
     OptionsDialog& options = f.program->optionsDialog();
@@ -234,10 +237,7 @@ int main(int argc, char** argv) {
     // The comparison of field strains, in a program of its own.
     ShellFixture c;
     const QStringList strains = WriteStrainFiles(c.folder.path(), 20);
-    MainWindow& input = c.program->mainWindow();
-    input.resize(1040, 680);
-    input.move(40, 40);
-    ShowActive(input);
+    MainWindow& input = ShowInput(c);
     for (int i = 0; i < 3; ++i)
         c.port.openAnswers.push_back(strains[i].toStdString());
     c.port.openAnswers.push_back(std::nullopt);
