@@ -579,7 +579,12 @@ void ResultsWindow::arrange() {
     std::array<double, 3> needed{};
     for (std::size_t i = 0; i < needed.size(); ++i)
         needed[i] = TwipsY(*this, frames[i]->sizeHint().height());
-    const auto stacked = StackOptionFrames(chart, needed);
+    auto stacked = StackOptionFrames(chart, needed);
+    // The last frame ends within the page: its list of marks takes the room left.
+    LayoutRect& marks = stacked.back();
+    const double pageBottom = l.Tab1.height - tabStrip - 120;
+    marks.height = std::max(TwipsY(*this, frame6_->minimumSizeHint().height()),
+                            std::min(marks.height, pageBottom - marks.top));
     for (std::size_t i = 0; i < stacked.size(); ++i)
         place(frames[i], stacked[i]);
     chart_->RedrawChart();

@@ -130,6 +130,24 @@ class TablesLayoutTest : public QObject {
         }
     }
 
+    // The list of marks and its frame lie inside the "Graph" page at the default
+    // size, with room for a mark of five characters.
+    void listOfMarksShowsInFull() {
+        ResultsWindow* results = calculate();
+        QVERIFY(results);
+        results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(1);
+        QApplication::processEvents();
+        auto* frame = results->findChild<QWidget*>("Frame6");
+        auto* list = results->findChild<QWidget*>("List1");
+        QVERIFY(frame && list);
+        const QWidget* page = frame->parentWidget();
+        QVERIFY2(page->rect().contains(frame->geometry()),
+                 qPrintable(QString("%1 %2").arg(frame->geometry().bottom()).arg(page->height())));
+        QVERIFY(frame->rect().contains(list->geometry()));
+        QVERIFY(list->width() >= list->fontMetrics().horizontalAdvance("99.99") + 8);
+        QVERIFY(list->height() >= 4 * list->fontMetrics().height());
+    }
+
     void comparisonTablesFillTheirWindows() {
         const QStringList strains = WriteStrainFiles(f->folder.path(), 3);
         for (const QString& path : strains)
