@@ -5,11 +5,13 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPixmap>
 #include <QTest>
 
 #include "ShellTestSupport.h"
 #include "shell/ChartWidget.h"
+#include "shell/DrawingPainter.h"
 #include "shell/MultiChartWidget.h"
 #include "shell/ResultsWindow.h"
 #include "shell/Twips.h"
@@ -39,6 +41,27 @@ class HiDpiTest : public QObject {
         // The sample's line crosses the middle in full device pixels of its colour.
         const QImage image = sample.toImage();
         QCOMPARE(QColor(image.pixel(image.width() / 2, image.height() / 2)).red(), 200);
+    }
+
+    // A slanted line of a drawing is smoothed: pixels beside it take shades between
+    // the line's colour and the ground.
+    void linesAreAntiAliased() {
+        QImage image(QSize(100, 100), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        Drawing d(1500, 1500);
+        d.line(0, 0, 1500, 700);
+        QPainter painter(&image);
+        PaintDrawing(painter, d);
+        painter.end();
+        int shades = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                const int l = QColor(image.pixel(x, y)).lightness();
+                if (l > 40 && l < 215)
+                    ++shades;
+            }
+        }
+        QVERIFY2(shades > 50, qPrintable(QString::number(shades)));
     }
 
     void chartIsPaintedOnTwiceThePixels() {
