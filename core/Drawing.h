@@ -106,12 +106,9 @@ class Drawing {
 
     // Empties the surface: what was drawn before can no longer be seen, so it is
     // dropped. The pen, the font and the colour stay; the position goes to 0, 0.
-    void clear(Color back = kWhite) {
-        ops_.clear();
-        ops_.push_back(draw::Clear{back});
-        currentX_ = 0;
-        currentY_ = 0;
-    }
+    // (Out of line: inlined into long drawing routines it makes GCC 12 warn falsely
+    // of an uninitialised text inside the variant.)
+    void clear(Color back = kWhite);
 
     void setPenWidth(int width) { penWidth_ = width < 1 ? 1 : width; }
     int penWidth() const { return penWidth_; }

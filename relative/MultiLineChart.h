@@ -17,7 +17,9 @@
 // Texts never cover each other: the numbers at the line ends and the estimates of
 // the drop lines are set in rows, each text in the first row where it meets no text
 // already placed, the rows running away from the lines into the empty bands of the
-// paper (under "From", over "To", up from the dose axis).
+// paper (under "From", over "To", up from the dose axis). In the figure the dose
+// labels at the ends of the axis go first and an inner one that would touch a
+// neighbour is left out; the paper has minor ticks at 2 to 9 times each power of ten.
 //
 // The chart keeps references to the results window and the registers it was made
 // with; both must outlive it.
@@ -32,6 +34,8 @@
 #include "core/TextTable.h"
 #include "core/UserPort.h"
 #include "relative/Rtvout.h"
+#include "results/Chart.h"
+#include "results/ChartText.h"
 
 namespace morvane {
 
@@ -70,8 +74,8 @@ class MultiLineChart {
 
     // The size of the plot area (Picture1) in twips.
     void setPlotSize(double width, double height);
-    double plotWidth() const { return plotWidth_; }
-    double plotHeight() const { return plotHeight_; }
+    double plotWidth() const { return scale_.plotWidth; }
+    double plotHeight() const { return scale_.plotHeight; }
 
     // A redraw: SetRelativeXAxis, ComputeLineCoordinates, DrawLines. The warning on
     // too many cycles goes through the port, once in the life of the chart.
@@ -96,10 +100,10 @@ class MultiLineChart {
     bool lineNumbers() const { return lineNumbers_; }
     bool allBlack() const { return allBlack_; }
     bool wideRangeWarned() const { return wideRangeWarned_; }
-    int cycles() const { return cycles_; }
-    double cycleWidth() const { return cycleWidth_; }
-    double cycleShift() const { return cycleShift_; }
-    double logOrigin() const { return logOrigin_; }
+    int cycles() const { return scale_.cycles; }
+    double cycleWidth() const { return scale_.cycleWidth; }
+    double cycleShift() const { return scale_.cycleShift; }
+    double logOrigin() const { return scale_.logOrigin; }
     std::int32_t doseScale() const { return doseScale_; }
 
     const Drawing& drawing() const { return drawing_; }
@@ -128,6 +132,30 @@ class MultiLineChart {
     static constexpr double kFigureBottom = 700;
 
   private:
+    static constexpr int kInnerDoseLabels = 14;  // Label8, 0..13
+    // The heights of the probits of From, To and the sorted percentage (Grid4 row 0).
+    struct Heights {
+        double from = 0;
+        double to = 0;
+        double sorted = 0;
+    };
+
+    // The steps of SetRelativeXAxis.
+    void PlaceYLabels();
+    double ShiftRangeIntoFirstCycle();
+    void ChooseCycles(double o, UserPort& port);
+    void PlaceDoseLabels(std::array<std::string, kInnerDoseLabels>& label8, double d);
+    // The steps of DrawLines.
+    void DrawLine(int i, const Heights& y);
+    void PlaceLineTexts(int count, const Heights& y);
+    // The parts of the figure.
+    void FigureRuling(Drawing& fig) const;
+    void FigurePlotLines(Drawing& fig) const;
+    void FigureFrame(Drawing& fig) const;
+    void FigureLabels(Drawing& fig, TextPlacer& placer) const;
+    void FigurePlotTexts(Drawing& fig, TextPlacer& placer) const;
+    void FigureTitles(Drawing& fig, const std::string& doseTitle) const;
+
     double probitOf(const std::string& percentText);
     int lines() const;
     Color penColor(int line) const;
@@ -142,13 +170,7 @@ class MultiLineChart {
     bool allBlack_ = false;
     bool wideRangeWarned_ = false;
 
-    double plotWidth_ = 0;
-    double plotHeight_ = 0;
-    double cycleWidth_ = 0;
-    double cycleShift_ = 0;
-    double logOrigin_ = 0;
-    int cycles_ = 0;
-
+    ChartScale scale_;
     Drawing drawing_;
     TextTable grid4_{1, 3};
     std::vector<LegendRow> legend_;

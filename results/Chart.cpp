@@ -91,12 +91,12 @@ double LogProbitChart::probitOf(const std::string& percentText) {
 }
 
 double LogProbitChart::xOfLogDose(double logDose) const {
-    return (logDose - logOrigin_ + cycleShift_) * cycleWidth_;
+    return (logDose - scale_.logOrigin + scale_.cycleShift) * scale_.cycleWidth;
 }
 
 void LogProbitChart::SetXAxis() {
     const FitResult& fit = shared_.fit;
-    cycleShift_ = 0;
+    scale_.cycleShift = 0;
     // The decade of the first dose.
     firstLogFloor_ = ChartFloor(NumberOf(grid1_.text(1, datacol::LogDose)));
     if (adjustRange_) {
@@ -104,11 +104,11 @@ void LogProbitChart::SetXAxis() {
         // larger on a falling one.
         const std::string& lowText = fit.Slope > 0 ? lowPercent_ : highPercent_;
         const double low = ChartFloor(LineLogDose(probitOf(lowText), fit));
-        cycleShift_ = firstLogFloor_ - low;
+        scale_.cycleShift = firstLogFloor_ - low;
     }
 
-    const double leftEnd = fit.DoseScale > 1 ? (1.0 / fit.DoseScale) / PowerOfTen(cycleShift_)
-                                             : PowerOfTen(firstLogFloor_ - cycleShift_);
+    const double leftEnd = fit.DoseScale > 1 ? (1.0 / fit.DoseScale) / PowerOfTen(scale_.cycleShift)
+                                             : PowerOfTen(firstLogFloor_ - scale_.cycleShift);
     CaptionDoseLabels(leftEnd);
     ChooseCycles();
     PlaceDoseLabels(leftEnd);
@@ -141,22 +141,22 @@ void LogProbitChart::ChooseCycles() {
             throw Fault("the number of cycles " + cyclesText_ + " is out of range");
         n = static_cast<int>(chosen);
     }
-    cycles_ = n;
-    cycleWidth_ = plotWidth_ / n;
+    scale_.cycles = n;
+    scale_.cycleWidth = scale_.plotWidth / n;
 }
 
 // Ticks and dose labels at the inner cycle boundaries, the right end's label, and
 // the thinning of crowded labels.
 void LogProbitChart::PlaceDoseLabels(double leftEnd) {
-    const int n = cycles_;
+    const int n = scale_.cycles;
     for (int i = 0; i < kDoseLabels; ++i) {
         label7_[static_cast<std::size_t>(i)].left = kParkedTickLeft;
         label8_[static_cast<std::size_t>(i)].left = kParkedDoseLeft;
     }
     for (int i = 0; i <= n - 2 && i < kDoseLabels; ++i) {
-        const double x = (i + 1) * cycleWidth_;
+        const double x = (i + 1) * scale_.cycleWidth;
         ChartLabel& tick = label7_[static_cast<std::size_t>(i)];
-        tick.top = plotHeight_ - 70;
+        tick.top = scale_.plotHeight - 70;
         tick.left = x - tick.width / 2;
         ChartLabel& dose = label8_[static_cast<std::size_t>(i)];
         dose.left = x - dose.width / 2 + kDoseStripOffset;
@@ -176,7 +176,7 @@ void LogProbitChart::PlaceDoseLabels(double leftEnd) {
             label8_[static_cast<std::size_t>(i)].caption.clear();
         }
     }
-    label11_.left = plotWidth_ - label11_.width / 2 + kDoseStripOffset;
+    label11_.left = scale_.plotWidth - label11_.width / 2 + kDoseStripOffset;
     label10_.left = kDoseStripOffset - label10_.width / 2;
 }
 
@@ -186,21 +186,21 @@ void LogProbitChart::PlaceYLabels() {
         ChartLabel& label = label12_[static_cast<std::size_t>(i)];
         label.caption = PlainText(10.0 * i);
         const double p = probitOf(label.caption);
-        label.top = (plotHeight_ - ChartY(p, plotHeight_)) - label.height / 2 + 75;
+        label.top = (scale_.plotHeight - ChartY(p, scale_.plotHeight)) - label.height / 2 + 75;
     }
     label12_.front().top = percentStripHeight_ - 165;
     for (int j = 0; j < kProbitLabels; ++j) {
         ChartLabel& label = label13_[static_cast<std::size_t>(j)];
         const double p = 3 + 0.5 * j;
-        label.top = (plotHeight_ - ChartY(p, plotHeight_)) - label.height / 2;
+        label.top = (scale_.plotHeight - ChartY(p, scale_.plotHeight)) - label.height / 2;
         label.caption = PlainText(p);
     }
 }
 
 bool LogProbitChart::RedrawChart() {
-    plotHeight_ = nextPlotHeight_;
-    plotWidth_ = nextPlotWidth_;
-    drawing_.setSize(plotWidth_, plotHeight_);
+    scale_.plotHeight = nextPlotHeight_;
+    scale_.plotWidth = nextPlotWidth_;
+    drawing_.setSize(scale_.plotWidth, scale_.plotHeight);
     if (grid1_.rows() < 2) {
         drawing_.clear();
         return false;
@@ -208,13 +208,15 @@ bool LogProbitChart::RedrawChart() {
     try {
         SetXAxis();
         const FitResult& fit = shared_.fit;
-        logOrigin_ = fit.DoseScale == 1 ? Log10(NumberOf(label10_.caption)) + cycleShift_ : 0;
+        scale_.logOrigin =
+            fit.DoseScale == 1 ? Log10(NumberOf(label10_.caption)) + scale_.cycleShift : 0;
 
         grid3_.setRows(grid1_.rows());
         for (int r = 1; r < grid1_.rows(); ++r) {
             const double x =
-                (NumberOf(grid1_.text(r, datacol::LogDose)) - logOrigin_) * cycleWidth_;
-            const double y = ChartY(NumberOf(grid1_.text(r, datacol::LinearProbit)), plotHeight_);
+                (NumberOf(grid1_.text(r, datacol::LogDose)) - scale_.logOrigin) * scale_.cycleWidth;
+            const double y =
+                ChartY(NumberOf(grid1_.text(r, datacol::LinearProbit)), scale_.plotHeight);
             grid3_.setText(r, pointcol::X, PlainText(x));
             grid3_.setText(r, pointcol::Y, PlainText(y));
         }
@@ -223,7 +225,7 @@ bool LogProbitChart::RedrawChart() {
             for (int row = 1; row <= 2; ++row) {
                 const double p = probitOf(*ends[row - 1]);
                 grid4_.setText(row, pointcol::X, PlainText(xOfLogDose(LineLogDose(p, fit))));
-                grid4_.setText(row, pointcol::Y, PlainText(ChartY(p, plotHeight_)));
+                grid4_.setText(row, pointcol::Y, PlainText(ChartY(p, scale_.plotHeight)));
             }
         }
         DrawPlot();
@@ -249,8 +251,8 @@ void LogProbitChart::DrawPlot() {
             point[static_cast<std::size_t>(c)] = NumberOf(cell);
             if (c == pointcol::Y && r > 1) {
                 const auto& previous = linePoints[static_cast<std::size_t>(r - 1)];
-                drawing_.line(previous[pointcol::X], plotHeight_ - previous[pointcol::Y],
-                              point[pointcol::X], plotHeight_ - point[pointcol::Y], kBlack);
+                drawing_.line(previous[pointcol::X], scale_.plotHeight - previous[pointcol::Y],
+                              point[pointcol::X], scale_.plotHeight - point[pointcol::Y], kBlack);
             }
         }
     }
@@ -263,15 +265,15 @@ void LogProbitChart::DrawPoints() {
     grid5_.setRows(grid1_.rows());
     for (int r = 1; r < grid1_.rows(); ++r) {
         const double logDose = NumberOf(grid1_.text(r, datacol::LogDose));
-        const double x = (logDose - logOrigin_ + cycleShift_) * cycleWidth_;
-        const double y = ChartY(probitOf(grid1_.text(r, datacol::Observed)), plotHeight_);
+        const double x = (logDose - scale_.logOrigin + scale_.cycleShift) * scale_.cycleWidth;
+        const double y = ChartY(probitOf(grid1_.text(r, datacol::Observed)), scale_.plotHeight);
         grid5_.setText(r, pointcol::X, PlainText(x));
         grid5_.setText(r, pointcol::Y, PlainText(y));
     }
     drawing_.setPenWidth(3);
     for (int r = 1; r < grid5_.rows(); ++r) {
         drawing_.point(NumberOf(grid5_.text(r, pointcol::X)),
-                       plotHeight_ - NumberOf(grid5_.text(r, pointcol::Y)), kBlack);
+                       scale_.plotHeight - NumberOf(grid5_.text(r, pointcol::Y)), kBlack);
     }
     drawing_.setPenWidth(1);
 }
@@ -285,15 +287,15 @@ void LogProbitChart::DrawMarks() {
         const double p = probitOf(mark);
         const double logDose = LineLogDose(p, fit);
         const double x = xOfLogDose(logDose);
-        const double y = ChartY(p, plotHeight_);
-        drawing_.line(0, plotHeight_ - y, x, plotHeight_ - y, kBlack);
-        drawing_.line(x, plotHeight_ - y, x, plotHeight_, kBlack);
+        const double y = ChartY(p, scale_.plotHeight);
+        drawing_.line(0, scale_.plotHeight - y, x, scale_.plotHeight - y, kBlack);
+        drawing_.line(x, scale_.plotHeight - y, x, scale_.plotHeight, kBlack);
         if (showEstimates_) {
             shared_.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
             FormatEstimate(shared_);
-            drawing_.setCurrentPosition(x + 20, plotHeight_ - 220);
+            drawing_.setCurrentPosition(x + 20, scale_.plotHeight - 220);
             drawing_.print(shared_.WorkText);
-            drawing_.setCurrentPosition(10, plotHeight_ - y - 150);
+            drawing_.setCurrentPosition(10, scale_.plotHeight - y - 150);
             drawing_.print(mark);
         }
     }
@@ -399,7 +401,7 @@ void LogProbitChart::clickCycles(const std::string& text) {
 // The plot is drawn again over the scale of the last RedrawChart; a table that holds
 // no line leaves the plot empty.
 void LogProbitChart::drawPlotAgain() {
-    if (grid1_.rows() < 2 || cycleWidth_ == 0)
+    if (grid1_.rows() < 2 || scale_.cycleWidth == 0)
         return;
     try {
         DrawPlot();
@@ -434,7 +436,7 @@ ChartFocus LogProbitChart::addMark(UserPort& port) {
     marks_.push_back(markPercent_);
     markPercent_.clear();
     // All marks are drawn again over the plot, without clearing it.
-    if (grid1_.rows() >= 2 && cycleWidth_ != 0) {
+    if (grid1_.rows() >= 2 && scale_.cycleWidth != 0) {
         try {
             DrawMarks();
         } catch (const Fault&) {

@@ -57,6 +57,17 @@ enum class ChartFocus {
     MarkPercent,  // Text6, the percent of a new mark
 };
 
+// The scale of a log-probit paper as last drawn: the plot's size, the cycles across
+// it and the transform of log doses, x = (L - logOrigin + cycleShift) * cycleWidth.
+struct ChartScale {
+    double plotWidth = 0;
+    double plotHeight = 0;
+    double cycleWidth = 0;
+    double cycleShift = 0;
+    double logOrigin = 0;
+    int cycles = 0;
+};
+
 // The probit line's height above the bottom of the plot, in twips.
 double ChartY(double probit, double plotHeight);
 
@@ -154,10 +165,10 @@ class LogProbitChart {
     bool deleteMarkEnabled() const { return deleteMarkEnabled_; }  // Command8
 
     // The scale of the last drawing.
-    double CycleWidth() const { return cycleWidth_; }
-    double CycleShift() const { return cycleShift_; }
-    double LogOrigin() const { return logOrigin_; }
-    int cycles() const { return cycles_; }
+    double CycleWidth() const { return scale_.cycleWidth; }
+    double CycleShift() const { return scale_.cycleShift; }
+    double LogOrigin() const { return scale_.logOrigin; }
+    int cycles() const { return scale_.cycles; }
 
     // The plot area's drawing.
     const Drawing& drawing() const { return drawing_; }
@@ -217,16 +228,11 @@ class LogProbitChart {
     int selectedMark_ = -1;
     bool deleteMarkEnabled_ = false;
 
-    double plotHeight_ = 0;
-    double plotWidth_ = 0;
+    ChartScale scale_;
     double nextPlotHeight_ = 0;
     double nextPlotWidth_ = 0;
     double percentStripHeight_ = 0;
-    double cycleWidth_ = 0;
-    double cycleShift_ = 0;
-    double logOrigin_ = 0;
     double firstLogFloor_ = 0;
-    int cycles_ = 0;
 
     Drawing drawing_;
     std::array<ChartLabel, kDoseLabels> label7_;

@@ -3,13 +3,12 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "results/ChartFigure.h"
 #include "shell/DrawingPainter.h"
 #include "shell/Twips.h"
 
 namespace morvane {
 namespace {
-
-constexpr double kLabelPoints = 7.5;
 
 QRectF TwipRect(const QPaintDevice& d, double left, double top, double width, double height) {
     return QRectF(left * PixelsPerTwipX(d), top * PixelsPerTwipY(d), width * PixelsPerTwipX(d),
@@ -71,109 +70,7 @@ void ChartWidget::paintEvent(QPaintEvent*) {
 }
 
 void ChartWidget::paintFigure(QPainter& painter) const {
-    const QPaintDevice& d = *painter.device();
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setRenderHint(QPainter::TextAntialiasing, true);
-    painter.fillRect(TwipRect(d, 0, 0, layout_.PictureFig.width, layout_.PictureFig.height),
-                     QColor(248, 249, 251));
-    painter.fillRect(TwipRect(d, layout_.Picture1), Qt::white);
-    paintRuling(painter);
-    paintPlot(painter);
-    paintTicks(painter);
-    paintLabels(painter);
-    paintAxisTitles(painter);
-    painter.restore();
-}
-
-// The ruling of the paper: faint lines at the percent labels and the cycles.
-void ChartWidget::paintRuling(QPainter& painter) const {
-    const QPaintDevice& d = *painter.device();
-    const LayoutRect& plot = layout_.Picture1;
-    painter.setPen(QPen(QColor(222, 226, 234), 1));
-    for (const double y : chart_.PercentRulings()) {
-        painter.drawLine(TwipRect(d, plot.left, plot.top + y, plot.width, 0).topLeft(),
-                         TwipRect(d, plot.right(), plot.top + y, 0, 0).topLeft());
-    }
-    for (const LogProbitChart::CycleRule& rule : chart_.CycleRulings()) {
-        const double x = plot.left + rule.x;
-        painter.drawLine(TwipRect(d, x, plot.top, 0, 0).topLeft(),
-                         TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
-    }
-}
-
-// The plot: the chart's drawing, clipped to its area as the surface clips it, in a
-// frame.
-void ChartWidget::paintPlot(QPainter& painter) const {
-    const LayoutRect& plot = layout_.Picture1;
-    const QRectF plotArea = TwipRect(*painter.device(), plot);
-    painter.save();
-    painter.setClipRect(plotArea);
-    PaintDrawing(painter, chart_.drawing(), QPointF(plot.left, plot.top), false);
-    painter.restore();
-    painter.setPen(QPen(QColor(60, 66, 80), 1.2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(plotArea);
-}
-
-// Tick marks at the inner cycle boundaries.
-void ChartWidget::paintTicks(QPainter& painter) const {
-    const QPaintDevice& d = *painter.device();
-    const LayoutRect& plot = layout_.Picture1;
-    painter.setPen(QPen(QColor(40, 40, 40), 1.2));
-    for (const LogProbitChart::CycleRule& rule : chart_.CycleRulings()) {
-        const double x = plot.left + rule.x;
-        painter.drawLine(TwipRect(d, x, plot.top + rule.tickTop, 0, 0).topLeft(),
-                         TwipRect(d, x, plot.bottom(), 0, 0).topLeft());
-    }
-}
-
-// The labels of the three strips: doses under the plot, percents to its left,
-// probits to its right.
-void ChartWidget::paintLabels(QPainter& painter) const {
-    const QPaintDevice& d = *painter.device();
-    painter.setFont(ToQFont(TextFont{"", kLabelPoints}));
-    painter.setPen(QColor(30, 34, 44));
-    auto drawLabel = [&](const ChartLabel& label, const LayoutRect& strip,
-                         Qt::Alignment alignment) {
-        if (label.caption.empty())
-            return;
-        const QRectF r =
-            TwipRect(d, strip.left + label.left, strip.top + label.top, label.width, label.height);
-        // A little room beyond the label's box, away from the plot.
-        const double left = alignment & Qt::AlignRight ? -20 : alignment & Qt::AlignLeft ? 0 : -20;
-        const double right = alignment & Qt::AlignLeft ? 20 : alignment & Qt::AlignRight ? 0 : 20;
-        painter.drawText(r.adjusted(left, -4, right, 4), alignment | Qt::AlignVCenter,
-                         QString::fromStdString(label.caption));
-    };
-    const LayoutRect& doses = layout_.Picture2;
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i)
-        drawLabel(chart_.doseLabel(i), doses, Qt::AlignHCenter);
-    drawLabel(chart_.leftEndLabel(), doses, Qt::AlignHCenter);
-    drawLabel(chart_.rightEndLabel(), doses, Qt::AlignHCenter);
-    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i)
-        drawLabel(chart_.percentLabel(i), layout_.Picture3, Qt::AlignRight);
-    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j)
-        drawLabel(chart_.probitLabel(j), layout_.Picture4, Qt::AlignLeft);
-}
-
-// The titles of the two vertical axes, turned to read upward.
-void ChartWidget::paintAxisTitles(QPainter& painter) const {
-    QFont titleFont = ToQFont(TextFont{"", kLabelPoints});
-    titleFont.setBold(true);
-    titleFont.setPointSizeF(8.5);
-    painter.setFont(titleFont);
-    auto drawTurned = [&](const LayoutRect& r, const QString& text) {
-        const QRectF area = TwipRect(*painter.device(), r);
-        painter.save();
-        painter.translate(area.center());
-        painter.rotate(-90);
-        painter.drawText(QRectF(-area.height() / 2, -area.width() / 2, area.height(), area.width()),
-                         Qt::AlignCenter, text);
-        painter.restore();
-    };
-    drawTurned(layout_.Pictprcent, "Response percentage");
-    drawTurned(layout_.Pictprob, "Probit");
+    PaintDrawing(painter, ComposeChartFigure(chart_, layout_));
 }
 
 }  // namespace morvane

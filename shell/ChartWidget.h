@@ -2,8 +2,8 @@
 // The frame of the log-probit chart (PictureFig) on the "Graph" tab: the plot area
 // with the chart's drawing, the label strips around it, the rotated titles of the
 // percent and probit axes, and the dose axis title Text7, which the user may retype
-// in place. Everything it shows comes from the chart logic (results/Chart.h) and the
-// tab's layout (results/ChartLayout.h).
+// in place. Everything it paints is one drawing made by the chart logic
+// (results/ChartFigure.h) over the tab's layout (results/ChartLayout.h).
 
 #include <QLineEdit>
 #include <QWidget>
@@ -26,8 +26,8 @@ class ChartWidget : public QWidget {
     // The plot area's place in the widget, in pixels.
     QRect plotRect() const;
 
-    // Paints the whole frame on a painter whose device is at least as large as the
-    // frame, at the device's resolution.
+    // Paints the whole frame, as the chart logic composes it (results/ChartFigure.h),
+    // on a painter whose device is at least as large as the frame.
     void paintFigure(QPainter& painter) const;
 
   protected:
@@ -35,12 +35,6 @@ class ChartWidget : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void paintRuling(QPainter& painter) const;
-    void paintPlot(QPainter& painter) const;
-    void paintTicks(QPainter& painter) const;
-    void paintLabels(QPainter& painter) const;
-    void paintAxisTitles(QPainter& painter) const;
-
     LogProbitChart& chart_;
     ChartLayout layout_;
     QLineEdit* text7_;

@@ -24,7 +24,7 @@ namespace {
 // Design places of the controls above the tables, in twips.
 constexpr double kToolTop = 60;
 constexpr double kToolHeight = 420;
-constexpr double kCaptionTop = 560;
+constexpr double kCaptionTop = 520;  // a gap of 40 over the cells
 constexpr double kCaptionHeight = 210;
 constexpr double kCellTop = 770;
 constexpr double kCellHeight = 360;

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QResizeEvent>
+#include <cmath>
 
 #include "shell/DrawingPainter.h"
 #include "shell/Twips.h"
@@ -10,8 +11,13 @@ namespace morvane {
 
 QPixmap LineSamplePixmap(const QWidget& widget, Color color, PenStyle style, double widthTwips,
                          double heightTwips) {
-    QPixmap pixmap(std::max(1, PixelsX(widget, widthTwips)),
-                   std::max(1, PixelsY(widget, heightTwips)));
+    // Made at the screen's device pixel ratio, so that the sample is sharp on a screen
+    // of high density; the painter keeps counting in logical pixels.
+    const qreal ratio = widget.devicePixelRatioF();
+    QPixmap pixmap(
+        std::max(1, static_cast<int>(std::lround(PixelsX(widget, widthTwips) * ratio))),
+        std::max(1, static_cast<int>(std::lround(PixelsY(widget, heightTwips) * ratio))));
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::white);
     Drawing sample(widthTwips, heightTwips);
     sample.setPenStyle(style);
@@ -50,7 +56,6 @@ void MultiChartWidget::paintFigure(QPainter& painter) const {
 
 void MultiChartWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(248, 249, 251));
     paintFigure(painter);
 }
 

@@ -1,6 +1,7 @@
 #include "shell/NotesDialog.h"
 
 #include <QResizeEvent>
+#include <algorithm>
 
 #include "shell/Program.h"
 #include "shell/QuoteGuard.h"
@@ -11,6 +12,8 @@ namespace {
 
 constexpr double kLabelLeft = 150;
 constexpr double kBoxLeft = 1700;
+constexpr double kLabelWidth = 1500;
+constexpr double kLabelRoom = 60;
 constexpr double kRowHeight = 330;
 constexpr double kStartWidth = 8400;
 constexpr double kStartHeight = 4500;
@@ -107,21 +110,29 @@ void NotesDialog::resizeEvent(QResizeEvent* event) {
     const double width = TwipsX(*this, event->size().width()) + kWindowFrameWidth;
     const double height = TwipsY(*this, event->size().height());
     const double wide = width - 2000;
-    place(label1_, kLabelLeft, 150, 1500, kRowHeight);
-    place(text1_, kBoxLeft, 150, wide, kRowHeight);
-    place(label2_, kLabelLeft, 600, 1500, kRowHeight);
-    place(text2_, kBoxLeft, 600, wide, kRowHeight);
-    place(label3_, kLabelLeft, 1050, 1500, kRowHeight);
-    place(text3_, kBoxLeft, 1050, wide - 2250, kRowHeight);
-    const double shortcutLeft = kBoxLeft + wide - 2250 + 100;
+    // The labels are as wide as the longest of them needs in the font of the desktop,
+    // and the boxes begin after them.
+    double labelWidth = kLabelWidth;
+    for (QLabel* label : {label1_, label2_, label3_, label4_})
+        labelWidth = std::max(labelWidth, TwipsX(*this, label->sizeHint().width()) + kLabelRoom);
+    const double boxLeft = std::max(kBoxLeft, kLabelLeft + labelWidth + kLabelRoom);
+    const double labelHeight = std::max(kRowHeight, TwipsY(*this, label1_->sizeHint().height()));
+    place(label1_, kLabelLeft, 150, labelWidth, labelHeight);
+    place(text1_, boxLeft, 150, wide, kRowHeight);
+    place(label2_, kLabelLeft, 600, labelWidth, labelHeight);
+    place(text2_, boxLeft, 600, wide, kRowHeight);
+    place(label3_, kLabelLeft, 1050, labelWidth, labelHeight);
+    place(text3_, boxLeft, 1050, wide - 2250, kRowHeight);
+    const double shortcutLeft = boxLeft + wide - 2250 + 100;
+    const double daysWidth = std::max(800.0, TwipsX(*this, label5_->sizeHint().width()) + 40);
     place(text5_, shortcutLeft, 1050, 500, kRowHeight);
-    place(label5_, shortcutLeft + 550, 1050, 800, kRowHeight);
-    place(shortcut_, shortcutLeft + 1350, 1035, 800, kRowHeight + 30);
-    place(label4_, kLabelLeft, 1500, 1500, kRowHeight);
+    place(label5_, shortcutLeft + 550, 1050, daysWidth, labelHeight);
+    place(shortcut_, shortcutLeft + 550 + daysWidth, 1035, 800, kRowHeight + 30);
+    place(label4_, kLabelLeft, 1500, labelWidth, labelHeight);
     const double buttonsTop = height - 550;
-    place(text4_, kBoxLeft, 1500, wide, buttonsTop - 1500 - 150);
-    place(ok_, kBoxLeft + wide - 2100, buttonsTop, 1000, 400);
-    place(cancel_, kBoxLeft + wide - 1000, buttonsTop, 1000, 400);
+    place(text4_, boxLeft, 1500, wide, buttonsTop - 1500 - 150);
+    place(ok_, boxLeft + wide - 2100, buttonsTop, 1000, 400);
+    place(cancel_, boxLeft + wide - 1000, buttonsTop, 1000, 400);
 }
 
 void NotesDialog::reject() {

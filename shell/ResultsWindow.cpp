@@ -17,8 +17,10 @@
 #include "results/ResultsExport.h"
 #include "results/ResultsLayout.h"
 #include "results/ResultsWorkbook.h"
+#include "shell/CaptionTabs.h"
 #include "shell/PictureExport.h"
 #include "shell/Program.h"
+#include "shell/ResultsFrame.h"
 #include "shell/Twips.h"
 #include "shell/WidgetPieces.h"
 
@@ -52,20 +54,11 @@ ResultsWindow::ResultsWindow(Program& program)
     setWindowTitle("Results");
     chart_ = std::make_unique<LogProbitChart>(results_->tables().Grid1, program.shared());
 
-    tab1_ = new QTabWidget(this);
-    tablesPage_ = new QWidget;
-    graphPage_ = new QWidget;
-    tab1_->addTab(tablesPage_, "Tables");
-    tab1_->addTab(graphPage_, "Graph");
+    MakeResultsTabs(*this, tab1_, tablesPage_, graphPage_);
     buildTablesTab(tablesPage_);
     buildGraphTab(graphPage_);
-
-    command5_ = new QPushButton("Save results into files", this);
-    command9_ = new QPushButton("Print", this);
+    MakeResultsButtons(*this, {&command5_, &command9_, &command10_, &command11_, &command15_});
     command9_->setShortcut(QKeySequence::Print);
-    command10_ = new QPushButton("Copy tables", this);
-    command11_ = new QPushButton("back to Input tabls", this);
-    command15_ = new QPushButton("Help", this);
     connect(command5_, &QPushButton::clicked, this, [this] { saveResultsIntoFiles(); });
     printing_ = std::make_unique<LinePrinting>(*this, program_);
     connect(command9_, &QPushButton::clicked, this, [this] { printing_->Command9(); });
@@ -192,12 +185,14 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     grid2_->setTable(&results_->tables().Grid2);
     // The statistics table has no heading row of its own: its first row is "Slope".
     grid22_->setHeadingRow(false);
+    for (TextTableView* grid : {grid1_, grid22_, grid2_})
+        grid->setFillWidth(true);
     text8_ = new QLabel(page);
     text8_->setWordWrap(true);
     text8_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     text8_->setStyleSheet("color: rgb(170,0,0);");
 
-    sstab2_ = new QTabWidget(page);
+    sstab2_ = new CaptionTabWidget(page);
     sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
     sstab2_->addTab(buildResponsePanel(), "Calculate Response");
     connectQueries();
@@ -585,7 +580,12 @@ void ResultsWindow::arrange() {
     std::array<double, 3> needed{};
     for (std::size_t i = 0; i < needed.size(); ++i)
         needed[i] = TwipsY(*this, frames[i]->sizeHint().height());
-    const auto stacked = StackOptionFrames(chart, needed);
+    auto stacked = StackOptionFrames(chart, needed);
+    // The last frame ends within the page: its list of marks takes the room left.
+    LayoutRect& marks = stacked.back();
+    const double pageBottom = l.Tab1.height - tabStrip - 120;
+    marks.height = std::max(TwipsY(*this, frame6_->minimumSizeHint().height()),
+                            std::min(marks.height, pageBottom - marks.top));
     for (std::size_t i = 0; i < stacked.size(); ++i)
         place(frames[i], stacked[i]);
     chart_->RedrawChart();

@@ -134,6 +134,7 @@ void RtvinWindow::build() {
 
     grid1_ = new TextTableView(this);
     grid1_->setObjectName("Grid1");
+    grid1_->setFillWidth(true);
     grid1_->setTable(&rtvin_.Grid1);
     grid1_->setAcceptDrops(true);
     grid1_->viewport()->setAcceptDrops(true);
@@ -377,8 +378,8 @@ void RtvinWindow::refresh() {
         return;
     refreshing_ = true;
     grid1_->refresh();
-    grid1_->resizeColumnToContents(1);
-    grid1_->resizeColumnToContents(2);
+    grid1_->fitColumnToContents(1);
+    grid1_->fitColumnToContents(2);
     auto button = [](QPushButton* b, const CommandButton& c) {
         b->setEnabled(c.enabled);
         if (!c.hint.empty())

@@ -18,6 +18,7 @@
 #include "shell/CustomLineDialog.h"
 #include "shell/PictureExport.h"
 #include "shell/Program.h"
+#include "shell/ResultsFrame.h"
 #include "shell/RtvinWindow.h"
 #include "shell/Twips.h"
 #include "shell/WidgetPieces.h"
@@ -44,21 +45,12 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle("Relative results");
 
-    tab1_ = new QTabWidget(this);
-    tablesPage_ = new QWidget;
-    graphPage_ = new QWidget;
-    tab1_->addTab(tablesPage_, "Tables");
-    tab1_->addTab(graphPage_, "Graph");
+    MakeResultsTabs(*this, tab1_, tablesPage_, graphPage_);
     buildTablesTab(tablesPage_);
     buildGraphTab(graphPage_);
-
-    command5_ = new QPushButton("Save results into files", this);
-    command9_ = new QPushButton("Print", this);
+    MakeResultsButtons(*this, {&command5_, &command9_, &command10_, &command11_, &command15_});
     command9_->setShortcut(QKeySequence::Print);
-    command10_ = new QPushButton("Copy tables", this);
     command10_->setToolTip("Copy tables");
-    command11_ = new QPushButton("back to Input tabls", this);
-    command15_ = new QPushButton("Help", this);
     // Both files are offered every time, whichever tab shows.
     connect(command5_, &QPushButton::clicked, this, [this] {
         if (!rtvout_)
@@ -128,6 +120,7 @@ void RtvoutWindow::buildTablesTab(QWidget* page) {
 
     grid1_ = new TextTableView(page);
     grid1_->setObjectName("Grid1");
+    grid1_->setFillWidth(true);
     measurer_.setWidget(*grid1_);
     alignColumns();
     grid1_->setTable(&rtvout_->Grid1);
@@ -202,6 +195,7 @@ void RtvoutWindow::buildGraphTab(QWidget* page) {
     grid3_->setColumnCount(2);
     grid3_->horizontalHeader()->hide();
     grid3_->verticalHeader()->hide();
+    grid3_->horizontalHeader()->setStretchLastSection(true);
     grid3_->setSelectionBehavior(QAbstractItemView::SelectRows);
     grid3_->setSelectionMode(QAbstractItemView::SingleSelection);
     grid3_->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -5,6 +5,7 @@
 #include <QItemSelectionModel>
 #include <QMouseEvent>
 #include <algorithm>
+#include <vector>
 
 #include "core/NumberText.h"
 #include "shell/DrawingPainter.h"
@@ -24,6 +25,14 @@ Qt::Alignment ToQtAlignment(Alignment alignment, const std::string& text) {
     static const Qt::Alignment horizontal[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
     static const Qt::Alignment vertical[] = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
     return horizontal[alignment / 3] | vertical[alignment % 3];
+}
+
+// A body cell: a number that its table puts on the left stands on the right.
+Qt::Alignment BodyAlignment(Alignment alignment, const std::string& text) {
+    const Qt::Alignment a = ToQtAlignment(alignment, text);
+    if ((a & Qt::AlignLeft) && ParseNumber(text).has_value())
+        return (a & ~Qt::AlignHorizontal_Mask) | Qt::AlignRight;
+    return a;
 }
 
 // The chi-square symbol that stands for a cell's picture.
@@ -99,7 +108,7 @@ QVariant TextTableModel::data(const QModelIndex& index, int role) const {
             } else if (auto column = table_->columnAlignment(col)) {
                 a = *column;
             }
-            return QVariant::fromValue(ToQtAlignment(a, cell.text));
+            return QVariant::fromValue(BodyAlignment(a, cell.text));
         }
         default:
             return {};
@@ -138,6 +147,8 @@ TextTableView::TextTableView(QWidget* parent)
     setModel(model_);
     verticalHeader()->hide();
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    // Narrow columns, such as the gap of the estimates, keep the width they are given.
+    horizontalHeader()->setMinimumSectionSize(1);
     horizontalHeader()->setDefaultAlignment(Qt::AlignHCenter | Qt::AlignTop);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -198,18 +209,108 @@ void TextTableView::refresh() {
     refreshing_ = false;
 }
 
-void TextTableView::applyGeometry() {
+void TextTableView::setFillWidth(bool fill) {
+    fill_ = fill;
+    applyWidths();
+}
+
+// The view's room changes with the window and when a scroll bar comes or goes.
+bool TextTableView::viewportEvent(QEvent* event) {
+    const bool handled = QTableView::viewportEvent(event);
+    if (event->type() == QEvent::Resize && fill_ && !sharing_) {
+        sharing_ = true;
+        applyWidths();
+        sharing_ = false;
+    }
+    return handled;
+}
+
+void TextTableView::fitColumnToContents(int col) {
+    if (col < 0)
+        return;
+    if (fitted_.size() <= static_cast<std::size_t>(col))
+        fitted_.resize(static_cast<std::size_t>(col) + 1, false);
+    fitted_[static_cast<std::size_t>(col)] = true;
+    applyWidths();
+}
+
+int TextTableView::contentsWidth(int col) const {
+    return std::max(sizeHintForColumn(col), horizontalHeader()->sectionSizeHint(col));
+}
+
+// Widens or narrows the columns to the room: each by its share of the difference,
+// a narrowed one never below its least width. The last column takes what rounding
+// leaves over.
+void TextTableView::share(std::vector<int>& widths, const std::vector<int>& least, int room) {
+    int total = 0, slack = 0, last = -1;
+    for (std::size_t c = 0; c < widths.size(); ++c) {
+        if (widths[c] == 0)
+            continue;
+        total += widths[c];
+        slack += std::max(0, widths[c] - least[c]);
+        last = static_cast<int>(c);
+    }
+    if (total == 0 || total == room || (total > room && slack == 0))
+        return;
+    const int difference = room - total;
+    const int cut = std::min(-difference, slack);
+    int given = 0;
+    for (std::size_t c = 0; c < widths.size(); ++c) {
+        int& w = widths[c];
+        if (w == 0)
+            continue;
+        if (difference < 0) {
+            const int part = std::max(0, w - least[c]);
+            w -= static_cast<int>(static_cast<long long>(part) * cut / slack);
+        } else if (static_cast<int>(c) != last) {
+            w = static_cast<int>(static_cast<long long>(w) * room / total);
+        }
+        given += w;
+    }
+    // What rounding leaves goes to the columns from the right, each within its least.
+    int left = (difference < 0 ? total - cut : room) - given;
+    for (auto c = widths.size(); c-- > 0 && left != 0;) {
+        if (widths[c] == 0)
+            continue;
+        const int change = std::max(left, least[c] - widths[c]);
+        widths[c] += change;
+        left -= change;
+    }
+}
+
+// The widths of the table, or of the texts for a column fitted to them; in a view
+// that fills its width, shared out to the room of the view.
+void TextTableView::applyWidths() {
     const TextTable* table = model_->table();
     if (!table)
         return;
+    const auto cols = static_cast<std::size_t>(table->cols());
+    std::vector<int> widths(cols, 0), least(cols, 0);
     for (int c = 0; c < table->cols(); ++c) {
         int twips = table->columnWidth(c);
         if (twips < 0)
             twips = kDefaultColumnWidth;
         setColumnHidden(c, twips == 0);
-        if (twips > 0)
-            setColumnWidth(c, PixelsX(*this, twips * widthScale_));
+        if (twips == 0)
+            continue;
+        const auto i = static_cast<std::size_t>(c);
+        const bool fitted = i < fitted_.size() && fitted_[i];
+        widths[i] = fitted ? contentsWidth(c) : PixelsX(*this, twips * widthScale_);
+        least[i] = std::min(widths[i], contentsWidth(c));
     }
+    if (fill_)
+        share(widths, least, viewport()->width());
+    for (int c = 0; c < table->cols(); ++c) {
+        if (widths[static_cast<std::size_t>(c)] > 0)
+            setColumnWidth(c, widths[static_cast<std::size_t>(c)]);
+    }
+}
+
+void TextTableView::applyGeometry() {
+    const TextTable* table = model_->table();
+    if (!table)
+        return;
+    applyWidths();
     const int first = model_->firstBodyRow();
     if (table->rows() > 0 && first == 1) {
         // The heading row is as high as its table says, or as its wrapped texts need.

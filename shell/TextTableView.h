@@ -3,8 +3,10 @@
 // shows as the column headings, with their line breaks; rows from 1 on are the body.
 // Cell texts, fore and back colours, alignments, column widths and row heights in
 // twips come from the table; a column of width 0 is hidden, as the sort key of the
-// input table is. The view only shows the table: the window that owns the table
-// changes it and calls refresh().
+// input table is. A body cell that holds a number stands on the right of its cell
+// where its table puts it on the left, so that the digits of a column line up; texts
+// stay where the table puts them. The view only shows the table: the window that owns
+// the table changes it and calls refresh().
 
 #include <QAbstractTableModel>
 #include <QTableView>
@@ -57,16 +59,37 @@ class TextTableView : public QTableView {
     // one the widths were made for; 1.0 keeps them as they are.
     void setWidthScale(double scale) { widthScale_ = scale; }
 
+    // A table that fills its view: when the view is wider than the columns, each
+    // column grows by its share of the room left, so that the table follows the size
+    // of its window. The widths of the table itself stay as they are.
+    // When the columns are wider than the view, each gives up its share of what it
+    // holds beyond its texts, so that the last column is not cut off while there is
+    // room for every text.
+    void setFillWidth(bool fill);
+    bool fillWidth() const { return fill_; }
+    // A column as wide as its texts and heading need, rather than as its table says;
+    // it keeps to its texts at every refresh.
+    void fitColumnToContents(int col);
+
   signals:
     // The user made a cell current, in the table's numbering.
     void cellSelected(int row, int col);
     void cellDoubleClicked(int row, int col);
 
+  protected:
+    bool viewportEvent(QEvent* event) override;
+
   private:
     void applyGeometry();
+    void applyWidths();
+    int contentsWidth(int col) const;
+    static void share(std::vector<int>& widths, const std::vector<int>& least, int room);
 
     TextTableModel* model_;
     double widthScale_ = 1.0;
+    bool fill_ = false;
+    bool sharing_ = false;
+    std::vector<bool> fitted_;
     bool refreshing_ = false;
 };
 

@@ -13,6 +13,8 @@
 #include "core/NumberText.h"
 #include "relative/LinePens.h"
 #include "results/Chart.h"
+#include "results/ChartFigure.h"
+#include "results/ChartText.h"
 #include "support/ScriptedUserPort.h"
 
 namespace morvane {
@@ -313,6 +315,86 @@ TEST(MultiLineChart, FigureHoldsEveryTextOnceAndClipsToThePaper) {
     for (const draw::Line& line : Lines(figure)) {
         EXPECT_LE(std::max(line.x1, line.x2), right + 1e-6);
     }
+}
+
+// Every text of a figure lies inside it and meets no other, by the room the charts
+// give a text.
+void ExpectFigureTextsApart(const Drawing& figure) {
+    const std::vector<TextRoom> rooms = TextRoomsOf(figure);
+    const std::vector<draw::Text> texts = Texts(figure);
+    for (std::size_t i = 0; i < rooms.size(); ++i) {
+        EXPECT_TRUE(rooms[i].inside(0, 0, figure.width(), figure.height())) << texts[i].text;
+        for (std::size_t j = i + 1; j < rooms.size(); ++j)
+            EXPECT_FALSE(rooms[i].meets(rooms[j])) << texts[i].text << " meets " << texts[j].text;
+    }
+}
+
+std::vector<draw::Line> LinesOf(const Drawing& drawing, Color color) {
+    std::vector<draw::Line> lines;
+    for (const draw::Line& line : Lines(drawing))
+        if (line.color == color)
+            lines.push_back(line);
+    return lines;
+}
+
+TEST(MultiLineChart, FigureHasMinorTicksBetweenTheCycles) {
+    Comparison c({{"a", 0.2, 0.8, 0.5}, {"b", 0.3, 2.9, 0.6}});
+    MultiLineChart chart(c.out, c.shared);
+    const Drawing figure = chart.figure(9000, 5000, "", c.port);
+    ASSERT_EQ(chart.cycles(), 3);
+    const double cycle = chart.cycleWidth();
+    const double bottom = MultiLineChart::kFigureTop + chart.plotHeight();
+    // Faint ruling and a short tick at 2 to 9 times each power of ten.
+    const std::vector<draw::Line> ruling = LinesOf(figure, kFigureMinorRuling);
+    ASSERT_EQ(ruling.size(), 24u);
+    EXPECT_NEAR(ruling[0].x1, MultiLineChart::kFigureLeft + std::log10(2.0) * cycle, 1e-9);
+    EXPECT_NEAR(ruling[23].x1, MultiLineChart::kFigureLeft + (2 + std::log10(9.0)) * cycle, 1e-9);
+    const std::vector<draw::Line> ticks = LinesOf(figure, kFigureFrame);
+    // Two ticks at the inner cycles, 24 minor ones.
+    ASSERT_EQ(ticks.size(), 26u);
+    EXPECT_DOUBLE_EQ(ticks[2].y1, bottom - kMinorTickHeight);
+    EXPECT_DOUBLE_EQ(ticks[2].y2, bottom);
+    ExpectFigureTextsApart(figure);
+}
+
+TEST(MultiLineChart, FigureOfTwentyLinesWithTheirEstimatesKeepsTextsApart) {
+    Comparison c(Crowded(20, 0.12));
+    MultiLineChart chart(c.out, c.shared);
+    chart.clickDropLines(true);
+    chart.clickDropValues(true);
+    const Drawing figure = chart.figure(10000, 6000, "Dose (mg)", c.port);
+    ExpectFigureTextsApart(figure);
+    // The numbers at the line ends are on the paper, each line's twice.
+    const std::vector<draw::Text> texts = Texts(figure);
+    const double left = MultiLineChart::kFigureLeft, top = MultiLineChart::kFigureTop;
+    for (const char* number : {"1", "10", "20"})
+        EXPECT_EQ(std::count_if(texts.begin(), texts.end(),
+                                [&](const draw::Text& t) {
+                                    return t.text == number && t.x >= left && t.y >= top &&
+                                           t.x <= left + chart.plotWidth() &&
+                                           t.y <= top + chart.plotHeight();
+                                }),
+                  2)
+            << number;
+}
+
+// Fifteen cycles on a narrow figure: the ends of the dose axis are labelled, inner
+// labels that would touch them or each other are left out.
+TEST(MultiLineChart, CrowdedDoseLabelsLeaveTheEnds) {
+    Comparison c({{"a", 0.5, 1, 0.7}, {"b", 13, 14.5, 14}});
+    MultiLineChart chart(c.out, c.shared);
+    const Drawing figure = chart.figure(6000, 4000, "", c.port);
+    ASSERT_EQ(chart.cycles(), 15);
+    std::vector<std::string> texts;
+    for (const draw::Text& t : Texts(figure))
+        texts.push_back(t.text);
+    EXPECT_EQ(texts[0], chart.leftEndCaption());
+    EXPECT_EQ(texts[1], chart.rightEndCaption());
+    std::size_t inner = 0;
+    for (std::size_t i = 1; i + 1 < chart.doseLabels().size(); ++i)
+        inner += std::count(texts.begin(), texts.end(), chart.doseLabels()[i].caption);
+    EXPECT_LT(inner, chart.doseLabels().size() - 2);
+    ExpectFigureTextsApart(figure);
 }
 
 }  // namespace

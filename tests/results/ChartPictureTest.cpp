@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "ChartRows.h"
 #include "support/ScriptedUserPort.h"
 
 namespace morvane {
@@ -40,12 +41,7 @@ class ChartPictureTest : public ::testing::Test {
 
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
-        grid1.setText(r, datacol::Dose, dose);
-        grid1.setText(r, datacol::ScaledDose, dose);
-        grid1.setText(r, datacol::LogDose, logDose);
-        grid1.setText(r, datacol::Treated, "20");
-        grid1.setText(r, datacol::Observed, observed);
-        grid1.setText(r, datacol::LinearProbit, probit);
+        testing::SetChartRow(grid1, r, dose, logDose, observed, probit);
     }
 
     std::vector<std::string> lines(const Drawing& d) const {

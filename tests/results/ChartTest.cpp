@@ -11,6 +11,7 @@
 
 #include <string>
 
+#include "ChartRows.h"
 #include "core/NumberText.h"
 #include "support/ScriptedUserPort.h"
 
@@ -33,12 +34,7 @@ class ChartTest : public ::testing::Test {
 
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
-        grid1.setText(r, datacol::Dose, dose);
-        grid1.setText(r, datacol::ScaledDose, dose);
-        grid1.setText(r, datacol::LogDose, logDose);
-        grid1.setText(r, datacol::Treated, "20");
-        grid1.setText(r, datacol::Observed, observed);
-        grid1.setText(r, datacol::LinearProbit, probit);
+        testing::SetChartRow(grid1, r, dose, logDose, observed, probit);
     }
 
     void manualCycles(const std::string& n) {

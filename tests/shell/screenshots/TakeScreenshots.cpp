@@ -2,8 +2,11 @@
 // in, the options dialog, the results window on both tabs, and the comparison: the
 // table of files, the relative results and the chart of 3 and of 20 lines; the dialog
 // "print", its preview and printed pages, and the exported SVG chart rendered. Run it
-// under a virtual X server of 1280 by 800 pixels with the folder for the pictures:
-//   xvfb-run -a -s "-screen 0 1280x800x24" build/tests/shell/shell_screenshots docs/screenshots
+// under a virtual X server of 1600 by 1000 pixels with the folder for the pictures, and
+// once more at a scale factor of 2 with the suffix "-hidpi" for the pictures of that run:
+//   xvfb-run -a -s "-screen 0 1600x1000x24" build/tests/shell/shell_screenshots docs/screenshots
+//   QT_SCALE_FACTOR=2 xvfb-run -a -s "-screen 0 3200x2000x24"
+//       build/tests/shell/shell_screenshots /tmp/hidpi -hidpi
 
 #include <QApplication>
 #include <QCheckBox>
@@ -13,6 +16,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
+#include <QScreen>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -36,9 +40,13 @@ using namespace morvane::testing;
 
 namespace {
 
-bool Save(QWidget& window, const QString& folder, const QString& name) {
+// Added before ".png" of every name: "-hidpi" when taken at a scale factor of 2.
+QString g_suffix;
+
+bool Save(QWidget& window, const QString& folder, QString name) {
     QApplication::processEvents();
     QTest::qWait(200);
+    name.replace(".png", g_suffix + ".png");
     const QString path = folder + "/" + name;
     const bool saved = window.grab().save(path);
     std::printf("%s %s\n", saved ? "wrote" : "could not write", qPrintable(path));
@@ -174,21 +182,75 @@ bool PrintScreenshots(ResultsWindow& results, SharedRegisters& shared, const QSt
     return saved && ok;
 }
 
+// The window at the size of the screen, as a maximised window shows it, taken under
+// the name with "-max"; then back at its size.
+bool SaveMaximised(QWidget& window, const QString& folder, QString name) {
+    const QRect before = window.geometry();
+    window.setGeometry(window.screen()->availableGeometry());
+    name.replace(".png", "-max.png");
+    const bool ok = Save(window, folder, name);
+    window.setGeometry(before);
+    QApplication::processEvents();
+    return ok;
+}
+
+// The input window of a fixture, shown at the size of the pictures.
+MainWindow& ShowInput(ShellFixture& f) {
+    MainWindow& main = f.program->mainWindow();
+    main.resize(1040, 680);
+    main.move(40, 40);
+    ShowActive(main);
+    return main;
+}
+
+// A shallow line over four decades, with its points and three marks: the cycles of
+// its slope leave room at the right, as the rule of the cycles gives it.
+bool DecadesScreenshot(const QString& folder) {
+    ShellFixture f;
+    MainWindow& main = ShowInput(f);
+    Click(main.CommandNew());
+    TypeInto(f.program->optionsDialog().ComboUnit1()->lineEdit(), "mg");
+    Click(f.program->optionsDialog().Command1());
+    ShowActive(main);
+    TypeInto(main.TextName(), "Permethrin on Aedes aegypti, field strain");
+    const char* const rows[][3] = {{"0.01", "4", "46"},
+                                   {"0.1", "9", "41"},
+                                   {"1", "17", "33"},
+                                   {"10", "29", "21"},
+                                   {"100", "38", "12"}};
+    for (const auto& row : rows)
+        EnterRow(main, row[0], row[1], row[2]);
+    Click(main.CommandCalc());
+    ResultsWindow* results = f.program->resultsWindow();
+    if (!results)
+        return false;
+    ShowActive(*results);
+    results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(1);
+    Click(results->findChild<QCheckBox*>("Check2"));
+    for (const char* mark : {"25", "50", "75"}) {
+        TypeInto(results->findChild<QLineEdit*>("Text6"), mark);
+        Click(results->findChild<QPushButton*>("Command7"));
+    }
+    bool ok = Save(*results, folder, "results-graph-decades.png");
+    ok = SaveMaximised(*results, folder, "results-graph-decades.png") && ok;
+    f.program->endProgram();
+    return ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: shell_screenshots <folder>\n");
+        std::fprintf(stderr, "usage: shell_screenshots <folder> [suffix]\n");
         return 2;
     }
+    if (argc > 2)
+        g_suffix = QString::fromLocal8Bit(argv[2]);
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     ShellFixture f;
-    MainWindow& main = f.program->mainWindow();
-    main.resize(1040, 680);
-    main.move(40, 40);
-    ShowActive(main);
+    MainWindow& main = ShowInput(f);
 
     Click(main.CommandNew());
     OptionsDialog& options = f.program->optionsDialog();
@@ -235,6 +297,7 @@ int main(int argc, char** argv) {
     Click(results->findChild<QPushButton*>("Command2"));
     Click(results->findChild<QToolButton*>("Image1"));
     ok = Save(*results, folder, "results-tables.png") && ok;
+    ok = SaveMaximised(*results, folder, "results-tables.png") && ok;
 
     results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(1);
     Click(results->findChild<QCheckBox*>("Check2"));
@@ -242,17 +305,16 @@ int main(int argc, char** argv) {
     Click(results->findChild<QPushButton*>("Command7"));
     ok = Save(*results, folder, "results-graph.png") && ok;
     ok = PrintScreenshots(*results, f.program->shared(), folder) && ok;
+    ok = SaveMaximised(*results, folder, "results-graph.png") && ok;
     if (!f.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(f.port.failures.join("; ")));
     f.program->endProgram();
+    ok = DecadesScreenshot(folder) && ok;
 
     // The comparison of field strains, in a program of its own.
     ShellFixture c;
     const QStringList strains = WriteStrainFiles(c.folder.path(), 20);
-    MainWindow& input = c.program->mainWindow();
-    input.resize(1040, 680);
-    input.move(40, 40);
-    ShowActive(input);
+    MainWindow& input = ShowInput(c);
     for (int i = 0; i < 3; ++i)
         c.port.openAnswers.push_back(strains[i].toStdString());
     c.port.openAnswers.push_back(std::nullopt);
@@ -272,6 +334,7 @@ int main(int argc, char** argv) {
     }
     ShowActive(*rtvout);
     ok = Save(*rtvout, folder, "relative-tables.png") && ok;
+    ok = SaveMaximised(*rtvout, folder, "relative-tables.png") && ok;
     rtvout->Tab1()->setCurrentIndex(1);
     Click(rtvout->Check1());
     Click(rtvout->Check2());
@@ -282,6 +345,7 @@ int main(int argc, char** argv) {
                          Click(rtvout->printing().dialog()->Command1());
                      }) &&
          ok;
+    ok = SaveMaximised(*rtvout, folder, "relative-graph-3.png") && ok;
     Click(rtvout->Command11());
     ShowActive(*rtvin);
     std::vector<std::string> more;
@@ -295,6 +359,7 @@ int main(int argc, char** argv) {
     ShowActive(*rtvout);
     rtvout->Tab1()->setCurrentIndex(1);
     ok = Save(*rtvout, folder, "relative-graph-20.png") && ok;
+    ok = SaveMaximised(*rtvout, folder, "relative-graph-20.png") && ok;
     if (!c.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(c.port.failures.join("; ")));
     c.program->endProgram();
