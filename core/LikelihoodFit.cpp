@@ -440,10 +440,11 @@ LikelihoodFit FitLikelihoodLines(const std::vector<DoseGroup>& doseGroups,
             return Failed(std::move(layout),
                           "A group has counts the fit can't take: the responded must be from 0 "
                           "to the number treated, and the dose 0 or more.");
-        Group& g = pooled[{lineOf[k], d.dose}];
+        const bool control = d.control || d.dose == 0;
+        Group& g = pooled[{lineOf[k], control ? -1.0 : d.dose}];
         g.line = lineOf[k];
-        g.control = d.dose == 0;
-        g.dose = d.dose;
+        g.control = control;
+        g.dose = control ? 0 : d.dose;
         g.x = g.control ? 0 : std::log10(d.dose);
         g.n += d.total;
         g.r += d.responded;

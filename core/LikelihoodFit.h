@@ -29,12 +29,14 @@ struct NaturalResponse {
     double value = 0;  // the fixed proportion, 0 <= value < 1 (Fixed only)
 };
 
-// One group of individuals: a dose (0 for a control group), how many were treated
-// and how many responded. Counts need not be whole.
+// One group of individuals: a dose, how many were treated and how many responded.
+// A control group (marked, or of dose 0) has only the natural response; all controls
+// of a line are pooled whatever their dose. Counts need not be whole.
 struct DoseGroup {
     double dose = 0;
     double total = 0;
     double responded = 0;
+    bool control = false;
 };
 
 struct LikelihoodOptions {

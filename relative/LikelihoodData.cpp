@@ -1,0 +1,29 @@
+#include "relative/LikelihoodData.h"
+
+#include "core/NumberText.h"
+#include "document/DataTable.h"
+
+namespace morvane {
+
+LineGroups DoseGroupsOf(const TextTable& grid1, DataType type) {
+    LineGroups result;
+    if (type == DataType::ResponsePercentage) {
+        result.message = kNoCountsMessage;
+        return result;
+    }
+    const Grid1Columns cols = Grid1ColumnsOf(type);
+    // Row 0 is the heading; the last row is the empty one that takes the next entry.
+    for (int row = 1; row < grid1.rows(); ++row) {
+        if (grid1.text(row, dosecol::Dose).empty())
+            continue;
+        const double total = NumberOrZero(grid1.text(row, cols.total));
+        const double responded = type == DataType::TotalAndResponded
+                                     ? NumberOrZero(grid1.text(row, dosecol::SecondValue))
+                                     : NumberOrZero(grid1.text(row, dosecol::FirstValue));
+        result.groups.push_back({NumberOrZero(grid1.text(row, dosecol::Dose)), total, responded,
+                                 grid1.text(row, dosecol::Label) == "C"});
+    }
+    return result;
+}
+
+}  // namespace morvane
