@@ -140,8 +140,7 @@ double NormalQuantile(double p) {
     for (int step = 0; step < 2; ++step) {
         // Halley's step; the tail that is small is the one computed, for precision.
         const double e = p < 0.5 ? NormalCdf(z) - p : (1 - p) - 0.5 * std::erfc(z / std::sqrt(2.0));
-        const double sign = p < 0.5 ? 1 : -1;
-        const double u = sign * e / NormalDensity(z);
+        const double u = e / NormalDensity(z);
         z = z - u / (1 + z * u / 2);
     }
     return z;

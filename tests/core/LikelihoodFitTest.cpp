@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "core/Distributions.h"
+#include "core/NumberText.h"
 
 #include <gtest/gtest.h>
 
@@ -340,6 +341,27 @@ TEST(Distributions, AgreeWithR) {
     EXPECT_6(ChiSquareUpperTail(50, 30), 0.0124020607189006);
     EXPECT_6(ChiSquareUpperTail(0.5, 7), 0.999446481390425);
     EXPECT_EQ(ChiSquareUpperTail(0, 3), 1.0);
+}
+
+// The quantiles agree with R's qnorm and qt to the last digits (print(qnorm(0.975),
+// digits = 17)), not only to six: they enter every limit.
+TEST(Distributions, QuantilesToFullPrecision) {
+    EXPECT_NEAR(NormalQuantile(0.975), 1.9599639845400536, 2e-15);
+    EXPECT_NEAR(NormalQuantile(0.1), -1.2815515655446008, 2e-15);
+    EXPECT_NEAR(NormalQuantile(0.999), 3.0902323061678132, 4e-15);
+    EXPECT_NEAR(StudentTQuantile(0.975, 4), 2.7764451051977934, 2e-15);
+    EXPECT_NEAR(NormalCdf(NormalQuantile(0.3)), 0.3, 1e-16);
+}
+
+TEST(LikelihoodNumberText, RoundTripAndSignificantTexts) {
+    EXPECT_EQ(RoundTripText(0.1), "0.1");
+    EXPECT_EQ(RoundTripText(4.845491787624443), "4.845491787624443");
+    EXPECT_EQ(RoundTripText(1e-05), "1e-05");
+    EXPECT_EQ(SignificantText(4.845491787624443, 6), "4.84549");
+    EXPECT_EQ(SignificantText(0.00671067701202487, 6), "0.00671068");
+    EXPECT_EQ(SignificantText(1.50408201700858e-05, 6), "1.50408e-05");
+    EXPECT_EQ(SignificantText(4.2, 6), "4.2");
+    EXPECT_THROW(RoundTripText(std::nan("")), Fault);
 }
 
 }  // namespace
