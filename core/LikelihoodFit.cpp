@@ -283,7 +283,8 @@ std::vector<double> StartingValues(const std::vector<Group>& groups, const Likel
     return start;
 }
 
-LikelihoodFit Layout(int lineCount, LineSharing sharing, const LikelihoodOptions& options) {
+LikelihoodFit Layout(int lineCount, LineSharing sharing, const LikelihoodOptions& options,
+                     const std::vector<bool>& estimateNatural) {
     LikelihoodFit fit;
     fit.lineCount = lineCount;
     fit.sharing = sharing;
@@ -295,12 +296,12 @@ LikelihoodFit Layout(int lineCount, LineSharing sharing, const LikelihoodOptions
     for (int line = 0; line < lineCount; ++line) {
         fit.interceptIndex.push_back(sharing == LineSharing::Common ? 0 : line);
         fit.slopeIndex.push_back(intercepts + (sharing == LineSharing::Separate ? line : 0));
-        const bool estimated = options.natural.kind == NaturalResponse::Kind::Estimated;
-        fit.naturalIndex.push_back(estimated ? next++ : -1);
+        fit.naturalIndex.push_back(estimateNatural[line] ? next++ : -1);
         fit.fixedNatural.push_back(
             options.natural.kind == NaturalResponse::Kind::Fixed ? options.natural.value : 0.0);
     }
     fit.parameters.assign(next, 0.0);
+    fit.zeroNatural.assign(lineCount, false);
     return fit;
 }
 
@@ -378,6 +379,14 @@ LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
                           "The information matrix is singular: the data can't "
                           "determine the line (one dose, or all responses alike).");
     }
+    // The inverse of a symmetric matrix is symmetric; the rounding of the elimination
+    // is evened out so that cov(i, j) and cov(j, i) are the same number.
+    for (int i = 0; i < size; ++i) {
+        for (int j = 0; j < i; ++j) {
+            const double mean = (covariance[i * size + j] + covariance[j * size + i]) / 2;
+            covariance[i * size + j] = covariance[j * size + i] = mean;
+        }
+    }
     fit.covariance = std::move(covariance);
     fit.logLikelihood = current.logLikelihood + LogBinomialCoefficients(groups, fit);
 
@@ -426,7 +435,8 @@ double LikelihoodFit::criticalValue() const {
 LikelihoodFit FitLikelihoodLines(const std::vector<DoseGroup>& doseGroups,
                                  const std::vector<int>& lineOf, int lineCount, LineSharing sharing,
                                  const LikelihoodOptions& options) {
-    LikelihoodFit layout = Layout(lineCount, sharing, options);
+    std::vector<bool> estimate(lineCount, options.natural.kind == NaturalResponse::Kind::Estimated);
+    LikelihoodFit layout = Layout(lineCount, sharing, options, estimate);
     if (options.natural.kind == NaturalResponse::Kind::Fixed &&
         !(options.natural.value >= 0 && options.natural.value < 1))
         return Failed(std::move(layout),
@@ -465,29 +475,52 @@ LikelihoodFit FitLikelihoodLines(const std::vector<DoseGroup>& doseGroups,
         belowZero = belowZero || fit.natural(line) < 0;
     if (!belowZero)
         return fit;
-    // Finney's rule: a natural response estimated below 0 is taken as 0. The fit at 0
-    // stands when the likelihood falls as the natural response rises from 0 on every
-    // line (controls with no response, treated groups that ask for none).
-    LikelihoodOptions atZero = options;
-    atZero.natural = {NaturalResponse::Kind::None, 0};
-    LikelihoodFit zero = Iterate(groups, Layout(lineCount, sharing, atZero), atZero);
-    if (!zero.converged)
-        return fit.converged ? zero : fit;
-    std::vector<double> scoreAtZero(lineCount, 0.0);
-    for (const Group& g : groups) {
-        if (g.control) {
-            scoreAtZero[g.line] += g.r > 0 ? HUGE_VAL : -g.n;
-            continue;
+    // Finney's rule: a natural response estimated below 0 is taken as 0. With several
+    // lines, the lines whose own fit takes it as 0 keep 0 in the joint fit.
+    std::vector<bool> atZero(lineCount, lineCount == 1);
+    if (lineCount > 1) {
+        for (int line = 0; line < lineCount; ++line) {
+            std::vector<DoseGroup> own;
+            for (std::size_t k = 0; k < doseGroups.size(); ++k) {
+                if (lineOf[k] == line)
+                    own.push_back(doseGroups[k]);
+            }
+            const LikelihoodFit single = FitLikelihoodLine(own, options);
+            atZero[line] = single.converged && single.naturalAtZero();
         }
-        const double f = Cdf(options.model, zero.intercept(g.line) + zero.slope(g.line) * g.x);
-        scoreAtZero[g.line] += (g.r - g.n * f) / f;
     }
-    for (double score : scoreAtZero) {
-        if (score > 0)
+    bool any = false;
+    for (int line = 0; line < lineCount; ++line) {
+        any = any || atZero[line];
+        estimate[line] = !atZero[line];
+    }
+    if (!any)
+        return fit;
+    LikelihoodFit refit = Iterate(groups, Layout(lineCount, sharing, options, estimate), options);
+    if (!refit.converged)
+        return fit.converged ? refit : fit;
+    for (int line = 0; line < lineCount; ++line) {
+        if (!atZero[line] && refit.natural(line) < 0)
+            return fit.converged ? refit : fit;
+    }
+    // The fit at 0 stands for a single line when the likelihood falls as the natural
+    // response rises from 0 (controls with no response, treated groups that ask for
+    // none).
+    if (lineCount == 1) {
+        double scoreAtZero = 0;
+        for (const Group& g : groups) {
+            if (g.control) {
+                scoreAtZero += g.r > 0 ? HUGE_VAL : -g.n;
+                continue;
+            }
+            const double f = Cdf(options.model, refit.intercept() + refit.slope() * g.x);
+            scoreAtZero += (g.r - g.n * f) / f;
+        }
+        if (scoreAtZero > 0)
             return fit;
     }
-    zero.naturalAtZero = true;
-    return zero;
+    refit.zeroNatural = atZero;
+    return refit;
 }
 
 LikelihoodFit FitLikelihoodLine(const std::vector<DoseGroup>& groups,

@@ -81,7 +81,9 @@ struct LikelihoodFit {
     // natural response otherwise.
     std::vector<int> interceptIndex, slopeIndex, naturalIndex;
     std::vector<double> fixedNatural;
-    bool naturalAtZero = false;  // an estimated natural response fell to 0 and was fixed there
+    // Per line: a natural response to be estimated fell below 0 and was fixed at 0.
+    std::vector<bool> zeroNatural;
+    bool naturalAtZero(int line = 0) const { return zeroNatural[line]; }
 
     int parameterCount() const { return static_cast<int>(parameters.size()); }
     double cov(int i, int j) const { return covariance[i * parameterCount() + j]; }

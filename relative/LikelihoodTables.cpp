@@ -115,7 +115,7 @@ TextTable ParameterTable(const LikelihoodLineReport& line) {
     if (fit.naturalIndex[0] >= 0)
         rows.push_back({"Natural response", LikelihoodFigure(fit.natural()),
                         LikelihoodFigure(fit.naturalError())});
-    else if (fit.naturalAtZero)
+    else if (fit.naturalAtZero())
         rows.push_back({"Natural response", "0", "estimated below 0, taken as 0"});
     else if (fit.natural() > 0)
         rows.push_back({"Natural response", LikelihoodFigure(fit.natural()), "fixed"});
@@ -234,17 +234,21 @@ std::string LikelihoodText(const std::vector<LikelihoodLineReport>& lines,
         out += "\nRatios to " + Name(lines, comparison.reference) + " at " +
                lines[comparison.reference].estimateWord + Percent(comparison.percent) + "\n\n";
         AppendTable(out, RatioTable(lines, comparison));
-        out += '\n';
-        AppendTable(out, LineTestTable(comparison));
-        out += '\n';
-        if (comparison.parallelLines) {
-            out += "Common slope " + LikelihoodFigure(comparison.parallel.slope()) + " +/- " +
-                   LikelihoodFigure(comparison.parallel.slopeError()) + "; " +
-                   LimitsSentence(comparison.parallel) + "\n";
-            AppendTable(out, PotencyTable(lines, comparison));
-        } else {
-            out += "The lines are not parallel: no relative potency.\n";
-        }
+    }
+    if (comparisons.empty())
+        return out;
+    // The tests and the potency are the same at every percent.
+    const LineComparison& comparison = comparisons.front();
+    out += "\nTests between the lines\n\n";
+    AppendTable(out, LineTestTable(comparison));
+    out += '\n';
+    if (comparison.parallelLines) {
+        out += "Common slope " + LikelihoodFigure(comparison.parallel.slope()) + " +/- " +
+               LikelihoodFigure(comparison.parallel.slopeError()) + "; " +
+               LimitsSentence(comparison.parallel) + "\n\n";
+        AppendTable(out, PotencyTable(lines, comparison));
+    } else {
+        out += "The lines are not parallel: no relative potency.\n";
     }
     return out;
 }
@@ -284,7 +288,7 @@ std::string LikelihoodJson(const std::vector<LikelihoodLineReport>& lines,
         out += ", \"natural_response\": " + Number(fit.natural());
         out += ", \"natural_response_se\": " +
                (fit.naturalIndex[0] >= 0 ? Number(fit.naturalError()) : std::string("null"));
-        out += ", \"natural_response_at_zero\": " + Bool(fit.naturalAtZero);
+        out += ", \"natural_response_at_zero\": " + Bool(fit.naturalAtZero());
         out += ", \"covariance\": {\"parameters\": [";
         const char* names[] = {"intercept", "slope", "natural_response"};
         for (int i = 0; i < fit.parameterCount(); ++i)
@@ -308,45 +312,42 @@ std::string LikelihoodJson(const std::vector<LikelihoodLineReport>& lines,
     }
     out += "]";
     if (!comparisons.empty()) {
-        out += ", \"comparisons\": [";
-        for (std::size_t k = 0; k < comparisons.size(); ++k) {
-            const LineComparison& c = comparisons[k];
-            out += k > 0 ? ", " : "";
-            out += "{\"percent\": " + Number(c.percent);
-            out += ", \"reference\": " + std::to_string(c.reference + 1);
-            out += ", \"ratios\": [";
-            for (std::size_t r = 0; r < c.ratios.size(); ++r) {
-                const LineRatio& ratio = c.ratios[r];
-                out += r > 0 ? ", " : "";
-                out += "{\"line\": " + std::to_string(ratio.line + 1) +
+        const LineComparison& c = comparisons.front();
+        out += ", \"comparison\": {\"reference\": " + std::to_string(c.reference + 1);
+        out += ", \"ratios\": [";
+        bool first = true;
+        for (const LineComparison& at : comparisons) {
+            for (const LineRatio& ratio : at.ratios) {
+                out += first ? "" : ", ";
+                first = false;
+                out += "{\"percent\": " + Number(at.percent) +
+                       ", \"line\": " + std::to_string(ratio.line + 1) +
                        ", \"ratio\": " + Number(ratio.ratio) +
                        ", \"lower\": " + Number(ratio.lower) +
                        ", \"upper\": " + Number(ratio.upper) +
                        ", \"significant\": " + Bool(ratio.significant) + "}";
             }
-            auto test = [](const LikelihoodRatioTest& t) {
-                return "{\"chi_square\": " + Number(t.chiSquare) +
-                       ", \"df\": " + std::to_string(t.degreesOfFreedom) +
-                       ", \"p\": " + Number(t.p) + ", \"significant\": " + Bool(t.significant) +
-                       "}";
-            };
-            out += "], \"parallelism\": " + test(c.parallelism);
-            out += ", \"equality\": " + test(c.equality);
-            out += ", \"parallel\": " + Bool(c.parallelLines);
-            out += ", \"common_slope\": {\"slope\": " + Number(c.parallel.slope()) +
-                   ", \"slope_se\": " + Number(c.parallel.slopeError()) + ", " +
-                   FitJson(c.parallel) + "}";
-            out += ", \"relative_potency\": [";
-            for (std::size_t r = 0; r < c.potencies.size(); ++r) {
-                const RelativePotency& p = c.potencies[r];
-                out += r > 0 ? ", " : "";
-                out += "{\"line\": " + std::to_string(p.line + 1) +
-                       ", \"potency\": " + Number(p.potency) + ", \"lower\": " + Optional(p.lower) +
-                       ", \"upper\": " + Optional(p.upper) + "}";
-            }
-            out += "]}";
         }
-        out += "]";
+        auto test = [](const LikelihoodRatioTest& t) {
+            return "{\"chi_square\": " + Number(t.chiSquare) +
+                   ", \"df\": " + std::to_string(t.degreesOfFreedom) + ", \"p\": " + Number(t.p) +
+                   ", \"significant\": " + Bool(t.significant) + "}";
+        };
+        out += "], \"parallelism\": " + test(c.parallelism);
+        out += ", \"equality\": " + test(c.equality);
+        out += ", \"parallel\": " + Bool(c.parallelLines);
+        out += ", \"common_slope\": {\"slope\": " + Number(c.parallel.slope()) +
+               ", \"slope_se\": " + Number(c.parallel.slopeError()) + ", " + FitJson(c.parallel) +
+               "}";
+        out += ", \"relative_potency\": [";
+        for (std::size_t r = 0; r < c.potencies.size(); ++r) {
+            const RelativePotency& p = c.potencies[r];
+            out += r > 0 ? ", " : "";
+            out += "{\"line\": " + std::to_string(p.line + 1) +
+                   ", \"potency\": " + Number(p.potency) + ", \"lower\": " + Optional(p.lower) +
+                   ", \"upper\": " + Optional(p.upper) + "}";
+        }
+        out += "]}";
     }
     return out + "}";
 }

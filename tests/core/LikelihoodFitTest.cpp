@@ -258,7 +258,7 @@ TEST(LikelihoodNaturalResponse, EstimatedFromControlsAndTreatedTogether) {
     EXPECT_6(fit.chiSquare, 1.33927455087665);
     EXPECT_EQ(fit.groups, 6);
     EXPECT_EQ(fit.degreesOfFreedom, 3);
-    EXPECT_FALSE(fit.naturalAtZero);
+    EXPECT_FALSE(fit.naturalAtZero());
 }
 
 TEST(LikelihoodNaturalResponse, FixedAtAGivenValue) {
@@ -287,7 +287,7 @@ TEST(LikelihoodNaturalResponse, AnEstimateBelowZeroIsTakenAsZero) {
     options.natural = {NaturalResponse::Kind::Estimated, 0};
     const LikelihoodFit fit = FitLikelihoodLine(groups, options);
     ASSERT_TRUE(fit.converged) << fit.message;
-    EXPECT_TRUE(fit.naturalAtZero);
+    EXPECT_TRUE(fit.naturalAtZero());
     EXPECT_EQ(fit.natural(), 0.0);
     EXPECT_EQ(fit.parameterCount(), 2);
     EXPECT_6(fit.intercept(), -2.88746325636171);
