@@ -281,5 +281,28 @@ TEST_F(FitCliTest, LinesThatCantBeFitted) {
               "An error occurred while opening this file.\nNo such file or directory\n", 2);
 }
 
+// A line whose working probits fall where the tables are coarse: the classical cycles
+// swing between two states until their limit of 21 passes. The report keeps its tables
+// and adds the note below them; a line that settles gets none.
+TEST_F(FitCliTest, ReportNotesCyclesThatStoppedAtTheirLimit) {
+    write("swinging.mrv", {{"T", "1", "20", "2", "10.000", "1T"},
+                           {"T", "8", "50", "8", "16.000", "2T"},
+                           {"T", "12", "10", "5", "50.000", "3T"},
+                           {"T", "25", "25", "18", "72.000", "4T"},
+                           {"T", "32", "20", "19", "95.000", "5T"}});
+    const std::string note =
+        "Note: the cycles of the fit stopped at their limit of 21 passes without settling; "
+        "the figures above are those of the last pass. The maximum likelihood analysis (the "
+        "\"Maximum likelihood\" tab, or morvane-cli fit) fits the line without the rounding "
+        "of the tables.\n";
+    const testing::CliResult swinging = testing::RunCli({"report", "swinging.mrv"}, folder.path());
+    EXPECT_EQ(swinging.status, 0);
+    EXPECT_TRUE(swinging.out.ends_with("99\t196.4151\t\t\t\n" + note)) << swinging.out;
+    const testing::CliResult settled = testing::RunCli({"report", "rotenone.mrv"}, folder.path());
+    EXPECT_EQ(settled.status, 0);
+    EXPECT_EQ(settled.out.find("Note:"), std::string::npos);
+    EXPECT_TRUE(settled.out.ends_with("99\t17.3058\t13.5868\t25.0888\t\n")) << settled.out;
+}
+
 }  // namespace
 }  // namespace morvane
