@@ -12,8 +12,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "core/LineFit.h"
 #include "core/NumberText.h"
 #include "results/ChartPicture.h"
+#include "results/LikelihoodChartLine.h"
 #include "results/ResultsExport.h"
 #include "results/ResultsLayout.h"
 #include "results/ResultsWorkbook.h"
@@ -59,6 +61,18 @@ ResultsWindow::ResultsWindow(Program& program)
     tab1_->addTab(graphPage_, "Graph");
     buildTablesTab(tablesPage_);
     buildGraphTab(graphPage_);
+    likelihood_ = new LikelihoodTab;
+    likelihood_->setObjectName("LikelihoodTab");
+    tab1_->addTab(likelihood_, "Maximum likelihood");
+    chart_->setExtraLine([this](Drawing& drawing, double plotHeight) {
+        if (likelihood_->lineShown())
+            AppendLikelihoodLine(drawing, *chart_, plotHeight, likelihood_->report().fit,
+                                 program_.shared().fit.DoseScale);
+    });
+    connect(likelihood_, &LikelihoodTab::lineChanged, this, [this] {
+        chart_->RedrawChart();
+        showChart();
+    });
 
     command5_ = new QPushButton("Save results into files", this);
     command9_ = new QPushButton("Print", this);
@@ -72,6 +86,8 @@ ResultsWindow::ResultsWindow(Program& program)
         if (tab1_->currentIndex() == 0) {
             QApplication::clipboard()->setText(
                 QString::fromStdString(results_->ComposeResultsText()));
+        } else if (tab1_->currentWidget() == likelihood_) {
+            QApplication::clipboard()->setText(QString::fromStdString(likelihood_->tablesText()));
         } else {
             QApplication::clipboard()->setImage(DrawingImage(composeChartPicture()));
         }
@@ -195,6 +211,10 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     text8_->setWordWrap(true);
     text8_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     text8_->setStyleSheet("color: rgb(170,0,0);");
+    cyclesNote_ = new QLabel(page);
+    cyclesNote_->setObjectName("LabelCyclesNote");
+    cyclesNote_->setWordWrap(true);
+    cyclesNote_->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
 
     sstab2_ = new QTabWidget(page);
     sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
@@ -548,6 +568,12 @@ void ResultsWindow::showTables() {
     grid2_->refresh();
     text8_->setText(QString::fromStdString(tables.Text8));
     grid2_->setToolTip(QString::fromStdString(tables.Grid2ToolTip));
+    cyclesNote_->setText(QString::fromStdString(UnsettledCyclesNote(program_.shared().fit)));
+    const LineDocument& document = program_.document();
+    const std::string& title = document.file().FileTitle();
+    likelihood_->setLine(title.ends_with(".mrv") ? title.substr(0, title.size() - 4) : title,
+                         document.Grid1(), document.fileOptions().controls.dataType(),
+                         program_.shared().EstimateWord, program_.shared().UnitWord);
     showPanels();
 }
 
@@ -577,6 +603,7 @@ void ResultsWindow::arrange() {
     place(grid22_, l.Grid22);
     place(grid2_, l.Grid2);
     place(text8_, l.Text8);
+    place(cyclesNote_, l.Text8);
 
     const ChartLayout chart = ArrangeChart(l.Tab1.width, l.Tab1.height);
     chartWidget_->setChartLayout(chart);
