@@ -1,7 +1,9 @@
 #include "relative/LikelihoodData.h"
 
 #include "core/NumberText.h"
+#include "core/SharedRegisters.h"
 #include "document/DataTable.h"
+#include "document/LineDocument.h"
 
 namespace morvane {
 
@@ -24,6 +26,24 @@ LineGroups DoseGroupsOf(const TextTable& grid1, DataType type) {
                                  grid1.text(row, dosecol::Label) == "C"});
     }
     return result;
+}
+
+LineFileGroups ReadLineGroups(const std::string& name, const std::string& path, UserPort& port) {
+    LineFileGroups line;
+    line.name = name;
+    SharedRegisters shared;
+    shared.BatchName = name;
+    LineDocument document(shared, port, std::string());
+    if (!document.OpenLineForBatch(path) || shared.BatchFailed) {
+        line.groups.message = shared.BatchMessage.empty()
+                                  ? "An error occurred while opening " + name
+                                  : shared.BatchMessage;
+        return line;
+    }
+    line.estimateWord = shared.EstimateWord;
+    line.unitWord = shared.UnitWord;
+    line.groups = DoseGroupsOf(document.Grid1(), document.fileOptions().controls.dataType());
+    return line;
 }
 
 }  // namespace morvane

@@ -8,6 +8,7 @@
 
 #include "core/LikelihoodFit.h"
 #include "core/TextTable.h"
+#include "core/UserPort.h"
 #include "document/FileOptions.h"
 
 namespace morvane {
@@ -18,6 +19,17 @@ struct LineGroups {
     std::string message;
 };
 LineGroups DoseGroupsOf(const TextTable& grid1, DataType type);
+
+// A saved line's groups, read silently as the comparison reads its files (an older
+// file gives the rows of its first table), with the line's words; a file that can't be
+// read leaves the groups empty and says why in groups.message.
+struct LineFileGroups {
+    std::string name;
+    std::string estimateWord = "LD";
+    std::string unitWord;
+    LineGroups groups;
+};
+LineFileGroups ReadLineGroups(const std::string& name, const std::string& path, UserPort& port);
 
 // The message for a line of response percentages.
 inline constexpr const char* kNoCountsMessage =

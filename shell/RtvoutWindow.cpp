@@ -51,6 +51,9 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
     tab1_->addTab(graphPage_, "Graph");
     buildTablesTab(tablesPage_);
     buildGraphTab(graphPage_);
+    likelihood_ = new LineRatiosPanel(program_.port());
+    likelihood_->setObjectName("LineRatiosPanel");
+    tab1_->addTab(likelihood_, "Maximum likelihood");
 
     command5_ = new QPushButton("Save results into files", this);
     command9_ = new QPushButton("Print", this);
@@ -78,6 +81,10 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
             return;
         if (tab1_->currentIndex() == 0) {
             QApplication::clipboard()->setText(QString::fromStdString(RelativeTableText(*rtvout_)));
+            return;
+        }
+        if (tab1_->currentWidget() == likelihood_) {
+            QApplication::clipboard()->setText(QString::fromStdString(likelihood_->tablesText()));
             return;
         }
         QImage image(chartWidget_->size(), QImage::Format_RGB32);
@@ -362,6 +369,13 @@ void RtvoutWindow::afterCalculation() {
     if (!rtvout_)
         return;
     label1_->setText(QString::fromStdString(rtvout_->Label1));
+    std::vector<std::pair<std::string, std::string>> lines;
+    const TextTable& files = rtvinWindow_.rtvin().Grid1;
+    for (int row = 1; row < files.rows(); ++row) {
+        if (!files.text(row, linecol::Path).empty())
+            lines.emplace_back(files.text(row, linecol::Name), files.text(row, linecol::Path));
+    }
+    likelihood_->setLines(lines);
     grid1_->refresh();
     sizeColumns();
     arrange();
