@@ -77,9 +77,9 @@ LikelihoodTab::LikelihoodTab(QWidget* parent) : QWidget(parent) {
     grids->addWidget(gridCovariance_, 1, 0);
     grids->addWidget(gridGoodness_, 0, 1, 2, 1);
     grids->addWidget(gridEstimates_, 0, 2, 2, 1);
-    grids->setColumnStretch(0, 3);
-    grids->setColumnStretch(1, 4);
-    grids->setColumnStretch(2, 4);
+    grids->setColumnStretch(0, 4);
+    grids->setColumnStretch(1, 3);
+    grids->setColumnStretch(2, 5);
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(choices);
@@ -169,14 +169,20 @@ void LikelihoodTab::fit() {
         parameters_ = ParameterTable(report_);
         covariance_ = CovarianceTable(report_);
         goodness_ = GoodnessTable(report_);
+        // How the limits were taken is the sentence above the tables here.
+        for (int row = goodness_.rows() - 1; row >= 0; --row) {
+            if (goodness_.text(row, 0) == "Limits")
+                goodness_.removeRow(row);
+        }
         estimates_ = EstimateTable(report_);
         labelMessage_->setStyleSheet(QString());
         labelMessage_->setText(QString::fromStdString(
             std::string(report_.fit.heterogeneous
                             ? "The data scatter more than chance allows (chi-square significant): "
-                              "the limits are widened by h and t."
+                              "the limits are widened by h and t with the degrees of freedom of "
+                              "chi-square."
                             : "The data agree with the line (chi-square not significant): the "
-                              "limits use the normal deviate.") +
+                              "limits use the normal deviate, without h.") +
             (report_.fit.naturalAtZero()
                  ? " The natural response, estimated below 0, is taken as 0."
                  : "")));

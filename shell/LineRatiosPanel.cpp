@@ -151,6 +151,7 @@ void LineRatiosPanel::compare() {
                       LikelihoodFigure(comparison.parallel.slope()) + "."
                 : std::string("The lines are not parallel: no relative potency.")));
     }
+    gridPotency_->setVisible(!comparison.potencies.empty());
     for (TextTableView* view : {gridRatios_, gridTests_, gridPotency_}) {
         view->refresh();
         view->resizeColumnsToContents();

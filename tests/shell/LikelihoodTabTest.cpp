@@ -86,7 +86,8 @@ class LikelihoodTabTest : public QObject {
         QCOMPARE(cell("GridEstimates", 2, 1), QString("3.83043"));
         QCOMPARE(child<QLabel>("LabelMessage")->text(),
                  QString("The data agree with the line (chi-square not significant): the limits "
-                         "use the normal deviate."));
+                         "use the normal deviate, without h."));
+        QCOMPARE(cell("GridGoodness", 5, 0), QString("Iterations"));
     }
 
     void theLogitModelAndOwnPercentsByClicks() {
