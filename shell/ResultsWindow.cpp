@@ -213,8 +213,8 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     text8_->setStyleSheet("color: rgb(170,0,0);");
     cyclesNote_ = new QLabel(page);
     cyclesNote_->setObjectName("LabelCyclesNote");
-    cyclesNote_->setWordWrap(true);
-    cyclesNote_->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    cyclesNote_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    cyclesNote_->setStyleSheet("color: rgb(90,58,0);");
 
     sstab2_ = new QTabWidget(page);
     sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
@@ -568,7 +568,12 @@ void ResultsWindow::showTables() {
     grid2_->refresh();
     text8_->setText(QString::fromStdString(tables.Text8));
     grid2_->setToolTip(QString::fromStdString(tables.Grid2ToolTip));
-    cyclesNote_->setText(QString::fromStdString(UnsettledCyclesNote(program_.shared().fit)));
+    // The note stands in the strip above the tables; its whole text is its tool tip.
+    const std::string note = UnsettledCyclesNote(program_.shared().fit);
+    cyclesNote_->setText(note.empty() ? QString()
+                                      : "Cycles unsettled after 21 passes: see \"Maximum "
+                                        "likelihood\".");
+    cyclesNote_->setToolTip(QString::fromStdString(note));
     const LineDocument& document = program_.document();
     const std::string& title = document.file().FileTitle();
     likelihood_->setLine(title.ends_with(".mrv") ? title.substr(0, title.size() - 4) : title,
@@ -603,7 +608,8 @@ void ResultsWindow::arrange() {
     place(grid22_, l.Grid22);
     place(grid2_, l.Grid2);
     place(text8_, l.Text8);
-    place(cyclesNote_, l.Text8);
+    place(cyclesNote_, {l.Image1.right() + 120, l.Image1.top,
+                        l.Grid1.right() - l.Image1.right() - 120, l.Image1.height});
 
     const ChartLayout chart = ArrangeChart(l.Tab1.width, l.Tab1.height);
     chartWidget_->setChartLayout(chart);

@@ -141,6 +141,35 @@ class LikelihoodTabTest : public QObject {
     void theClassicalTablesHaveNoCyclesNote() {
         QCOMPARE(child<QLabel>("LabelCyclesNote")->text(), QString());
     }
+
+    // A line whose classical cycles swing until their limit: the note stands above the
+    // classical tables, outside them, with the whole text as its tool tip; the figures are
+    // those of the last pass.
+    void aLineWhoseCyclesStopAtTheirLimitGetsTheNote() {
+        f = std::make_unique<ShellFixture>();
+        MainWindow& main = f->program->mainWindow();
+        QVERIFY(ShowActive(main));
+        NewLine(*f);
+        TypeRow(main, "1", "2", "18");
+        TypeRow(main, "8", "8", "42");
+        TypeRow(main, "12", "5", "5");
+        TypeRow(main, "25", "18", "7");
+        TypeRow(main, "32", "19", "1");
+        Click(main.CommandCalc());
+        results = f->program->resultsWindow();
+        QVERIFY(results);
+        QVERIFY(ShowActive(*results));
+        QCOMPARE(child<QLabel>("LabelCyclesNote")->text(),
+                 QString("Cycles unsettled after 21 passes: see \"Maximum likelihood\"."));
+        QCOMPARE(child<QLabel>("LabelCyclesNote")->toolTip(),
+                 QString("Note: the cycles of the fit stopped at their limit of 21 passes without "
+                         "settling; the figures above are those of the last pass. The maximum "
+                         "likelihood analysis (the \"Maximum likelihood\" tab, or morvane-cli fit) "
+                         "fits the line without the rounding of the tables."));
+        QVERIFY(child<QLabel>("LabelCyclesNote")->isVisible());
+        if (!qEnvironmentVariableIsEmpty("MORVANE_NOTE_SHOT"))
+            results->grab().save(qEnvironmentVariable("MORVANE_NOTE_SHOT"));
+    }
 };
 
 QTEST_MAIN(LikelihoodTabTest)
