@@ -125,6 +125,36 @@ TEST(LineRatios, ThreeLinesThatAreNotParallel) {
     EXPECT_TRUE(c.ratios[1].significant);
 }
 
+// Two lines with control groups and a natural response estimated for each line, in
+// every joint fit. The references were computed in R with optim (BFGS, Nelder-Mead,
+// BFGS, reltol 1e-16) on the same likelihood, P = C_line + (1 - C_line)
+// pnorm(a_line + b_line log10(dose)) and P = C_line at dose 0, for each line's own
+// slope, one common slope, and one common line (each line keeping its own C).
+TEST(LineRatios, NaturalResponsesEstimatedLineByLine) {
+    const std::vector<DoseGroup> first = {{0, 60, 9},    {2.6, 50, 13}, {3.8, 48, 20},
+                                          {5.1, 46, 27}, {7.7, 49, 43}, {10.2, 50, 45}};
+    const std::vector<DoseGroup> second = {
+        {0, 40, 6}, {2, 40, 10}, {4, 40, 16}, {8, 40, 27}, {16, 40, 36}};
+    LikelihoodOptions options;
+    options.natural = {NaturalResponse::Kind::Estimated, 0};
+    const LineComparison c = CompareLikelihoodLines({first, second}, 0, 50, options);
+    ASSERT_TRUE(c.done) << c.message;
+    EXPECT_6(c.separate.logLikelihood, -21.8248733221662);
+    EXPECT_6(c.parallel.logLikelihood, -22.9671125830968);
+    EXPECT_6(c.common.logLikelihood, -26.0794255528417);
+    EXPECT_EQ(c.parallel.parameterCount(), 5);
+    EXPECT_6(c.parallel.intercept(0), -2.49156382221);
+    EXPECT_6(c.parallel.intercept(1), -3.09945696346);
+    EXPECT_6(c.parallel.slope(), 3.69038659934);
+    EXPECT_6(c.parallel.natural(0), 0.137158944112);
+    EXPECT_6(c.parallel.natural(1), 0.200036691417);
+    EXPECT_6(c.parallelism.chiSquare, 2.28447852186109);
+    EXPECT_6(c.parallelism.p, 0.130674055860082);
+    EXPECT_6(c.equality.chiSquare, 8.50910446135101);
+    EXPECT_EQ(c.equality.degreesOfFreedom, 2);
+    EXPECT_6(c.equality.p, 0.0141994473992843);
+}
+
 TEST(LineRatios, ALineThatCantBeFittedIsNamed) {
     const LineComparison c =
         CompareLikelihoodLines({Males(), {{1, 10, 0}, {2, 10, 0}, {4, 10, 0}}}, 0, 50, {});
