@@ -6,6 +6,7 @@
 #include "cli/CliCommand.h"
 #include "cli/ConsoleUserPort.h"
 #include "core/LineCalculation.h"
+#include "core/LineFit.h"
 #include "core/NumberText.h"
 #include "core/SharedRegisters.h"
 #include "document/FileBytes.h"
@@ -106,6 +107,9 @@ int ReportLine(const ReportRequest& request, std::ostream& out, std::ostream& er
         RunQuery(results.queries(), query, port);
     const std::string& text = results.ComposeResultsText();
     out << text << '\n';
+    // Below the tables, not in them: the tables stay the classical ones.
+    if (const std::string note = UnsettledCyclesNote(shared.fit); !note.empty())
+        out << note << '\n';
     if (!request.workbook.empty()) {
         try {
             ReplaceFileContents(

@@ -8,6 +8,7 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CompareCommand.h"
+#include "cli/FitCommand.h"
 #include "cli/ImportCommand.h"
 #include "cli/PredictCommand.h"
 #include "cli/ReductionCommand.h"
@@ -23,6 +24,7 @@ const Command kCommands[] = {
     {"reduction", morvane::cli::RunReduction, morvane::cli::kReductionUsage},
     {"predict", morvane::cli::RunPredict, morvane::cli::kPredictUsage},
     {"import", morvane::cli::RunImport, morvane::cli::kImportUsage},
+    {"fit", morvane::cli::RunFit, morvane::cli::kFitUsage},
 };
 
 std::string Usage() {

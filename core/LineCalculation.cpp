@@ -214,6 +214,7 @@ CalculationOutcome Calculate(Twin twin, const CalculationInput& input, SharedReg
 
     const int n = results.Grid1.rows() - 1;
     const CycleSums cycles = RunCycles(results.Grid1, n, shared.fit, shared.probit);
+    shared.fit.CyclesSettled = cycles.settled;
     WriteExpectedValues(results.Grid1, n, shared.fit, shared.probit);
     WriteStatistics(results, n, cycles, input.tAlpha, shared.fit);
 

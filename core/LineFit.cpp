@@ -70,8 +70,18 @@ CycleSums RunCycles(const TextTable& grid1, int doseRows, FitResult& fit, Probit
             ++counter;
             continue;
         }
+        out.settled = !moved;
         return out;
     }
+}
+
+std::string UnsettledCyclesNote(const FitResult& fit) {
+    if (fit.CyclesSettled)
+        return {};
+    return "Note: the cycles of the fit stopped at their limit of 21 passes without "
+           "settling; the figures above are those of the last pass. The maximum likelihood "
+           "analysis (the \"Maximum likelihood\" tab, or morvane-cli fit) fits the line "
+           "without the rounding of the tables.";
 }
 
 void WriteExpectedValues(TextTable& grid1, int doseRows, const FitResult& fit,

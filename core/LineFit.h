@@ -3,6 +3,8 @@
 // statistics of the fitted line (Finney's probit analysis with the printed tables of
 // working probits and weighting coefficients).
 
+#include <string>
+
 #include "core/SharedRegisters.h"
 #include "core/TextTable.h"
 
@@ -17,6 +19,10 @@ struct ResultsTables;
 struct CycleSums {
     double Syy = 0;
     double Sxy = 0;
+    // false when the 21st pass still moved: the cycles stopped at their limit
+    // instead of settling (a line whose working probits fall where the tables are
+    // coarse can swing between two states).
+    bool settled = true;
 };
 CycleSums RunCycles(const TextTable& grid1, int doseRows, FitResult& fit, ProbitTables& probit);
 
@@ -28,6 +34,11 @@ void WriteExpectedValues(TextTable& grid1, int doseRows, const FitResult& fit,
 // of a g above 0.4.
 void WriteStatistics(ResultsTables& results, int doseRows, const CycleSums& sums, int tAlpha,
                      FitResult& fit);
+
+// The note shown below the classical results when the cycles did not settle, or an
+// empty text when they did. The classical figures stay as they are; the note points
+// to the maximum-likelihood analysis.
+std::string UnsettledCyclesNote(const FitResult& fit);
 
 // Upper tail probability of chi-square for the degrees of freedom, by a series for
 // the lower tail: a chi-square of 0 or above about 1490 gives 1.

@@ -320,4 +320,20 @@ double PowerOfTen(double m) {
     return std::pow(10.0, m);
 }
 
+std::string RoundTripText(double value) {
+    if (!std::isfinite(value))
+        throw Fault("the value is not a finite number");
+    char buffer[64];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return std::string(buffer, result.ptr);
+}
+
+std::string SignificantText(double value, int digits) {
+    if (!std::isfinite(value))
+        throw Fault("the value is not a finite number");
+    char buffer[64];
+    std::snprintf(buffer, sizeof buffer, "%.*g", digits, value);
+    return buffer;
+}
+
 }  // namespace morvane

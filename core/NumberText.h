@@ -64,4 +64,13 @@ double Log10(double x);
 // 10 to the power m, from the power function.
 double PowerOfTen(double m);
 
+// The figures of the maximum-likelihood analysis, which never pass through the
+// program's cells. RoundTripText: the shortest text that reads back as the very same
+// double ("4.845491787624588", "1e-05"), for machine-readable output. SignificantText:
+// rounded to that many significant digits, trailing zeros dropped, exponent form
+// below 1e-4 or from 10^digits on ("4.84549", "0.00671068", "1.50408e-05"). Both
+// throw Fault for an infinite value or one that is no number.
+std::string RoundTripText(double value);
+std::string SignificantText(double value, int digits);
+
 }  // namespace morvane

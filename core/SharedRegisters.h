@@ -30,6 +30,7 @@ struct FitResult {
     std::int16_t DegreesOfFreedom = 0;  // N - 2
     double ChiSquare = 0;               // heterogeneity chi-square
     double Correlation = 0;             // r of the provisional line
+    bool CyclesSettled = true;          // false: the cycles stopped at their limit
 };
 
 struct SharedRegisters {

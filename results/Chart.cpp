@@ -259,6 +259,8 @@ void LogProbitChart::DrawPlot() {
     if (showPoints_)
         DrawPoints();
     DrawMarks();
+    if (extraLine_)
+        extraLine_(drawing_, plotHeight_);
 }
 
 void LogProbitChart::DrawPoints() {

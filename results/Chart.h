@@ -20,6 +20,7 @@
 // both must outlive it.
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -172,6 +173,10 @@ class LogProbitChart {
 
     // The plot area's drawing.
     const Drawing& drawing() const { return drawing_; }
+    // A further line that each drawing of the plot appends after the classical one,
+    // given the drawing and the plot's height in twips; empty for none.
+    using ExtraLine = std::function<void(Drawing&, double plotHeight)>;
+    void setExtraLine(ExtraLine line) { extraLine_ = std::move(line); }
 
     // Labels: tick marks in the plot (Label7), dose values under the inner cycle
     // boundaries (Label8) and at the ends (Label10, Label11) in the strip under the
@@ -235,6 +240,7 @@ class LogProbitChart {
     double firstLogFloor_ = 0;
 
     Drawing drawing_;
+    ExtraLine extraLine_;
     std::array<ChartLabel, kDoseLabels> label7_;
     std::array<ChartLabel, kDoseLabels> label8_;
     ChartLabel label10_;

@@ -12,8 +12,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "core/LineFit.h"
 #include "core/NumberText.h"
 #include "results/ChartPicture.h"
+#include "results/LikelihoodChartLine.h"
 #include "results/ResultsExport.h"
 #include "results/ResultsLayout.h"
 #include "results/ResultsWorkbook.h"
@@ -59,6 +61,18 @@ ResultsWindow::ResultsWindow(Program& program)
     buildGraphTab(graphPage_);
     MakeResultsButtons(*this, {&command5_, &command9_, &command10_, &command11_, &command15_});
     command9_->setShortcut(QKeySequence::Print);
+    likelihood_ = new LikelihoodTab;
+    likelihood_->setObjectName("LikelihoodTab");
+    tab1_->addTab(likelihood_, "Maximum likelihood");
+    chart_->setExtraLine([this](Drawing& drawing, double plotHeight) {
+        if (likelihood_->lineShown())
+            AppendLikelihoodLine(drawing, *chart_, plotHeight, likelihood_->report().fit,
+                                 program_.shared().fit.DoseScale);
+    });
+    connect(likelihood_, &LikelihoodTab::lineChanged, this, [this] {
+        chart_->RedrawChart();
+        showChart();
+    });
     connect(command5_, &QPushButton::clicked, this, [this] { saveResultsIntoFiles(); });
     printing_ = std::make_unique<LinePrinting>(*this, program_);
     connect(command9_, &QPushButton::clicked, this, [this] { printing_->Command9(); });
@@ -66,6 +80,8 @@ ResultsWindow::ResultsWindow(Program& program)
         if (tab1_->currentIndex() == 0) {
             QApplication::clipboard()->setText(
                 QString::fromStdString(results_->ComposeResultsText()));
+        } else if (tab1_->currentWidget() == likelihood_) {
+            QApplication::clipboard()->setText(QString::fromStdString(likelihood_->tablesText()));
         } else {
             QApplication::clipboard()->setImage(DrawingImage(composeChartPicture()));
         }
@@ -191,6 +207,10 @@ void ResultsWindow::buildTablesTab(QWidget* page) {
     text8_->setWordWrap(true);
     text8_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     text8_->setStyleSheet("color: rgb(170,0,0);");
+    cyclesNote_ = new QLabel(page);
+    cyclesNote_->setObjectName("LabelCyclesNote");
+    cyclesNote_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    cyclesNote_->setStyleSheet("color: rgb(90,58,0);");
 
     sstab2_ = new CaptionTabWidget(page);
     sstab2_->addTab(buildEstimatePanel(), "Calculate any value");
@@ -544,6 +564,17 @@ void ResultsWindow::showTables() {
     grid2_->refresh();
     text8_->setText(QString::fromStdString(tables.Text8));
     grid2_->setToolTip(QString::fromStdString(tables.Grid2ToolTip));
+    // The note stands in the strip above the tables; its whole text is its tool tip.
+    const std::string note = UnsettledCyclesNote(program_.shared().fit);
+    cyclesNote_->setText(note.empty() ? QString()
+                                      : "Cycles unsettled after 21 passes: see \"Maximum "
+                                        "likelihood\".");
+    cyclesNote_->setToolTip(QString::fromStdString(note));
+    const LineDocument& document = program_.document();
+    const std::string& title = document.file().FileTitle();
+    likelihood_->setLine(title.ends_with(".mrv") ? title.substr(0, title.size() - 4) : title,
+                         document.Grid1(), document.fileOptions().controls.dataType(),
+                         program_.shared().EstimateWord, program_.shared().UnitWord);
     showPanels();
 }
 
@@ -573,6 +604,8 @@ void ResultsWindow::arrange() {
     place(grid22_, l.Grid22);
     place(grid2_, l.Grid2);
     place(text8_, l.Text8);
+    place(cyclesNote_, {l.Image1.right() + 120, l.Image1.top,
+                        l.Grid1.right() - l.Image1.right() - 120, l.Image1.height});
 
     const ChartLayout chart = ArrangeChart(l.Tab1.width, l.Tab1.height);
     chartWidget_->setChartLayout(chart);

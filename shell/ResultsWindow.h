@@ -21,6 +21,7 @@
 #include "results/LineResults.h"
 #include "shell/ChartWidget.h"
 #include "shell/FilteredLineEdit.h"
+#include "shell/LikelihoodTab.h"
 #include "shell/LinePrinting.h"
 #include "shell/QtTextMeasurer.h"
 #include "shell/TextTableView.h"
@@ -110,6 +111,8 @@ class ResultsWindow : public QWidget {
     QListWidget* list1_;
 
     QPushButton *command5_, *command9_, *command10_, *command11_, *command15_;
+    LikelihoodTab* likelihood_;  // the tab "Maximum likelihood"
+    QLabel* cyclesNote_;         // below the tables: the cycles stopped at their limit
     bool refreshing_ = false;
     std::unique_ptr<LinePrinting> printing_;
 };

@@ -50,6 +50,9 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
     buildGraphTab(graphPage_);
     MakeResultsButtons(*this, {&command5_, &command9_, &command10_, &command11_, &command15_});
     command9_->setShortcut(QKeySequence::Print);
+    likelihood_ = new LineRatiosPanel(program_.port());
+    likelihood_->setObjectName("LineRatiosPanel");
+    tab1_->addTab(likelihood_, "Maximum likelihood");
     command10_->setToolTip("Copy tables");
     // Both files are offered every time, whichever tab shows.
     connect(command5_, &QPushButton::clicked, this, [this] {
@@ -77,6 +80,10 @@ RtvoutWindow::RtvoutWindow(Program& program, RtvinWindow& rtvin, Rtvout& rtvout)
             return;
         if (tab1_->currentIndex() == 0) {
             QApplication::clipboard()->setText(QString::fromStdString(RelativeTableText(*rtvout_)));
+            return;
+        }
+        if (tab1_->currentWidget() == likelihood_) {
+            QApplication::clipboard()->setText(QString::fromStdString(likelihood_->tablesText()));
             return;
         }
         QApplication::clipboard()->setImage(DrawingImage(printing_->picture()));
@@ -358,6 +365,13 @@ void RtvoutWindow::afterCalculation() {
     if (!rtvout_)
         return;
     label1_->setText(QString::fromStdString(rtvout_->Label1));
+    std::vector<std::pair<std::string, std::string>> lines;
+    const TextTable& files = rtvinWindow_.rtvin().Grid1;
+    for (int row = 1; row < files.rows(); ++row) {
+        if (!files.text(row, linecol::Path).empty())
+            lines.emplace_back(files.text(row, linecol::Name), files.text(row, linecol::Path));
+    }
+    likelihood_->setLines(lines);
     grid1_->refresh();
     sizeColumns();
     arrange();

@@ -20,6 +20,7 @@
 
 #include "relative/MultiLineChart.h"
 #include "relative/Rtvout.h"
+#include "shell/LineRatiosPanel.h"
 #include "shell/MultiChartWidget.h"
 #include "shell/QtTextMeasurer.h"
 #include "shell/RtvoutPrinting.h"
@@ -112,6 +113,7 @@ class RtvoutWindow : public QWidget {
     QLineEdit* text2_;
 
     QPushButton *command5_, *command9_, *command10_, *command11_, *command15_;
+    LineRatiosPanel* likelihood_;  // the tab "Maximum likelihood"
     bool refreshing_ = false;
     std::unique_ptr<RtvoutPrinting> printing_;
 };

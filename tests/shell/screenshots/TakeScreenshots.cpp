@@ -306,6 +306,11 @@ int main(int argc, char** argv) {
     ok = Save(*results, folder, "results-graph.png") && ok;
     ok = PrintScreenshots(*results, f.program->shared(), folder) && ok;
     ok = SaveMaximised(*results, folder, "results-graph.png") && ok;
+    results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(2);
+    Click(results->findChild<QCheckBox*>("CheckShowLine"));
+    ok = Save(*results, folder, "results-likelihood.png") && ok;
+    results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(1);
+    ok = Save(*results, folder, "results-graph-likelihood.png") && ok;
     if (!f.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(f.port.failures.join("; ")));
     f.program->endProgram();
@@ -346,6 +351,8 @@ int main(int argc, char** argv) {
                      }) &&
          ok;
     ok = SaveMaximised(*rtvout, folder, "relative-graph-3.png") && ok;
+    rtvout->Tab1()->setCurrentIndex(2);
+    ok = Save(*rtvout, folder, "relative-likelihood.png") && ok;
     Click(rtvout->Command11());
     ShowActive(*rtvin);
     std::vector<std::string> more;
