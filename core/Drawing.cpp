@@ -4,9 +4,13 @@ namespace morvane {
 
 void Drawing::clear(Color back) {
     ops_.clear();
-    ops_.push_back(draw::Clear{back});
+    add(draw::Clear{back});
     currentX_ = 0;
     currentY_ = 0;
+}
+
+void Drawing::add(DrawOp op) {
+    ops_.push_back(std::move(op));
 }
 
 }  // namespace morvane

@@ -260,7 +260,7 @@ void LogProbitChart::DrawPlot() {
         DrawPoints();
     DrawMarks();
     if (extraLine_)
-        extraLine_(drawing_, plotHeight_);
+        extraLine_(drawing_, scale_.plotHeight);
 }
 
 void LogProbitChart::DrawPoints() {
