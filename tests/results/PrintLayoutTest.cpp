@@ -17,6 +17,8 @@
 #include "core/LineCalculation.h"
 #include "support/ScriptedUserPort.h"
 
+#include "support/DrawingLines.h"
+
 namespace morvane {
 namespace {
 
@@ -26,12 +28,7 @@ constexpr double kA4Width = 11906;
 constexpr double kA4Height = 16838;
 
 std::vector<std::string> Lines(const Drawing& d) {
-    std::vector<std::string> out;
-    const std::string dump = d.dump();
-    std::size_t start = 0;
-    for (std::size_t end; (end = dump.find('\n', start)) != std::string::npos; start = end + 1)
-        out.push_back(dump.substr(start, end - start));
-    return out;
+    return testing::DrawingLines(d);
 }
 
 class PrintTablesTest : public ::testing::Test {
