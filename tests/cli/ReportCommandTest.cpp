@@ -18,11 +18,8 @@
 namespace morvane {
 namespace {
 
-using testing::CliResult;
 using testing::CliTest;
 using testing::CurrentLineFile;
-using testing::RunCli;
-using testing::TempFolder;
 using testing::WriteBytes;
 
 class ReportCommandTest : public CliTest {
