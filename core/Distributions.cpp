@@ -10,6 +10,19 @@ constexpr double kEpsilon = 1e-16;
 constexpr double kTiny = 1e-300;
 constexpr int kMaxTerms = 10000;
 
+// One step of the modified Lentz method for a continued fraction whose terms are
+// an / (bn + ...): moves c and d on and returns the factor of this step.
+double LentzStep(double an, double bn, double& c, double& d) {
+    d = bn + an * d;
+    if (std::fabs(d) < kTiny)
+        d = kTiny;
+    c = bn + an / c;
+    if (std::fabs(c) < kTiny)
+        c = kTiny;
+    d = 1 / d;
+    return d * c;
+}
+
 // P(a, x) by its power series, for x < a + 1.
 double GammaSeries(double a, double x) {
     double term = 1 / a;
@@ -32,14 +45,7 @@ double GammaContinuedFraction(double a, double x) {
     for (int i = 1; i < kMaxTerms; ++i) {
         const double an = -i * (i - a);
         b += 2;
-        d = an * d + b;
-        if (std::fabs(d) < kTiny)
-            d = kTiny;
-        c = b + an / c;
-        if (std::fabs(c) < kTiny)
-            c = kTiny;
-        d = 1 / d;
-        const double delta = d * c;
+        const double delta = LentzStep(an, b, c, d);
         h *= delta;
         if (std::fabs(delta - 1) < kEpsilon)
             break;
@@ -58,24 +64,10 @@ double BetaContinuedFraction(double a, double b, double x) {
     double h = d;
     for (int m = 1; m < kMaxTerms; ++m) {
         const int m2 = 2 * m;
-        double aa = m * (b - m) * x / ((qam + m2) * (a + m2));
-        d = 1 + aa * d;
-        if (std::fabs(d) < kTiny)
-            d = kTiny;
-        c = 1 + aa / c;
-        if (std::fabs(c) < kTiny)
-            c = kTiny;
-        d = 1 / d;
-        h *= d * c;
-        aa = -(a + m) * (qab + m) * x / ((a + m2) * (qap + m2));
-        d = 1 + aa * d;
-        if (std::fabs(d) < kTiny)
-            d = kTiny;
-        c = 1 + aa / c;
-        if (std::fabs(c) < kTiny)
-            c = kTiny;
-        d = 1 / d;
-        const double delta = d * c;
+        const double even = m * (b - m) * x / ((qam + m2) * (a + m2));
+        h *= LentzStep(even, 1, c, d);
+        const double odd = -(a + m) * (qab + m) * x / ((a + m2) * (qap + m2));
+        const double delta = LentzStep(odd, 1, c, d);
         h *= delta;
         if (std::fabs(delta - 1) < kEpsilon)
             break;

@@ -4,38 +4,10 @@
 #include <cmath>
 
 #include "results/ChartPicture.h"
+#include "results/ChartText.h"
 
 namespace morvane {
 namespace {
-
-// Cuts a segment to the box from 0, 0 to width, height; false when nothing of it is
-// inside. The plot's lines may run beyond the paper, which the surface clips.
-bool Clip(double& x1, double& y1, double& x2, double& y2, double width, double height) {
-    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
-        return false;
-    const double dx = x2 - x1, dy = y2 - y1;
-    double from = 0, to = 1;
-    const double p[4] = {-dx, dx, -dy, dy};
-    const double q[4] = {x1, width - x1, y1, height - y1};
-    for (int i = 0; i < 4; ++i) {
-        if (p[i] == 0) {
-            if (q[i] < 0)
-                return false;
-        } else if (p[i] < 0) {
-            from = std::max(from, q[i] / p[i]);
-        } else {
-            to = std::min(to, q[i] / p[i]);
-        }
-    }
-    if (from > to)
-        return false;
-    const double ax = x1 + from * dx, ay = y1 + from * dy;
-    x2 = x1 + to * dx;
-    y2 = y1 + to * dy;
-    x1 = ax;
-    y1 = ay;
-    return true;
-}
 
 // How the chart is set on its surface.
 struct LineChartPlacement {
@@ -68,10 +40,7 @@ void DrawLineChart(Drawing& d, const MultiLineChart& chart, const std::string& d
     d.setPenStyle(PenStyle::Solid);
     d.setFont(at.labels);
 
-    for (int i = 1; i <= 8; ++i) {
-        d.box(L, T, L + W, B);
-        d.box(L + i, T + i, L + W - i, B - i);
-    }
+    DrawPictureFrame(d, L, T, L + W, B);
     auto printAt = [&d](double x, double y, const std::string& text) {
         d.setCurrentPosition(x, y);
         d.print(text);
@@ -94,7 +63,7 @@ void DrawLineChart(Drawing& d, const MultiLineChart& chart, const std::string& d
     for (const DrawOp& op : chart.drawing().ops()) {
         if (const auto* line = std::get_if<draw::Line>(&op)) {
             double x1 = line->x1, y1 = line->y1, x2 = line->x2, y2 = line->y2;
-            if (!Clip(x1, y1, x2, y2, chart.plotWidth(), chart.plotHeight()))
+            if (!ClipToBox(x1, y1, x2, y2, chart.plotWidth(), chart.plotHeight()))
                 continue;
             d.setPenWidth(line->width);
             d.setPenStyle(line->style);

@@ -28,6 +28,53 @@ std::vector<std::array<double, 2>> PointsOf(const TextTable& table) {
 
 }  // namespace
 
+void DrawPictureFrame(Drawing& d, double left, double top, double right, double bottom) {
+    for (int i = 1; i <= 8; ++i) {
+        d.box(left, top, right, bottom);
+        d.box(left + i, top + i, right - i, bottom - i);
+    }
+}
+
+void DrawChartLabels(Drawing& d, const LogProbitChart& chart, const ChartLabelPlaces& at,
+                     const std::string& doseAxisTitle, const TextWidth& width) {
+    const double S = at.scale;
+    const double L = at.left;
+    const double T = at.top;
+    const double W = at.width;
+    const double B = at.bottom;
+    auto printAt = [&d](double x, double y, const std::string& text) {
+        d.setCurrentPosition(x, y);
+        d.print(text);
+    };
+    auto halfWidth = [&width](const std::string& text) { return width(text) / 2; };
+
+    const std::string& leftEnd = chart.leftEndLabel().caption;
+    const std::string& rightEnd = chart.rightEndLabel().caption;
+    printAt(L - halfWidth(leftEnd), B + 200, leftEnd);
+    printAt(L + W - halfWidth(rightEnd), B + 200, rightEnd);
+
+    // Ticks and dose labels at the inner cycle boundaries; parked ticks stand at a
+    // left of zero or less. A blanked label still has its tick.
+    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
+        const ChartLabel& tick = chart.tickLabel(i);
+        if (tick.left <= 0)
+            continue;
+        const double x = (tick.left + 15) * S + L;
+        d.line(x, B, x, B - at.tickLength);
+        const std::string& caption = chart.doseLabel(i).caption;
+        printAt(x - halfWidth(caption), B + 200, caption);
+    }
+    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i) {
+        const ChartLabel& label = chart.percentLabel(i);
+        printAt(L - at.percentLeft, label.top * S + T - 75, label.caption);
+    }
+    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j) {
+        const ChartLabel& label = chart.probitLabel(j);
+        printAt(L + W + 150, label.top * S + T, label.caption);
+    }
+    printAt((at.surfaceWidth - width(doseAxisTitle)) / 2, B + at.titleBelow, doseAxisTitle);
+}
+
 Drawing ComposeChartPicture(const LogProbitChart& chart, const ChartLayout& layout,
                             const std::string& doseAxisTitle, SharedRegisters& shared,
                             const TextMeasurer& measurer) {
@@ -43,43 +90,14 @@ Drawing ComposeChartPicture(const LogProbitChart& chart, const ChartLayout& layo
     d.setPenWidth(1);
     d.setFont(TextFont{"", kPictureFontPoints});
 
-    // The frame: eight boxes, each a twip further inside.
-    for (int i = 1; i <= 8; ++i) {
-        d.box(L, T, L + W, B);
-        d.box(L + i, T + i, L + W - i, B - i);
-    }
+    DrawPictureFrame(d, L, T, L + W, B);
 
     auto printAt = [&d](double x, double y, const std::string& text) {
         d.setCurrentPosition(x, y);
         d.print(text);
     };
-    auto halfWidth = [&measurer](const std::string& text) { return measurer.textWidth(text) / 2; };
-
-    const std::string& leftEnd = chart.leftEndLabel().caption;
-    const std::string& rightEnd = chart.rightEndLabel().caption;
-    printAt(L - halfWidth(leftEnd), B + 200, leftEnd);
-    printAt(L + W - halfWidth(rightEnd), B + 200, rightEnd);
-
-    // Ticks and dose labels at the inner cycle boundaries; parked ticks stand at a
-    // left of zero or less. A blanked label still has its tick.
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
-        const ChartLabel& tick = chart.tickLabel(i);
-        if (tick.left <= 0)
-            continue;
-        const double x = (tick.left + 15) * S + L;
-        d.line(x, B, x, B - 100);
-        const std::string& caption = chart.doseLabel(i).caption;
-        printAt(x - halfWidth(caption), B + 200, caption);
-    }
-    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i) {
-        const ChartLabel& label = chart.percentLabel(i);
-        printAt(L - 450, label.top * S + T - 75, label.caption);
-    }
-    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j) {
-        const ChartLabel& label = chart.probitLabel(j);
-        printAt(L + W + 150, label.top * S + T, label.caption);
-    }
-    printAt((d.width() - measurer.textWidth(doseAxisTitle)) / 2, B + 700, doseAxisTitle);
+    DrawChartLabels(d, chart, {S, L, T, W, B, 100, 450, 700, d.width()}, doseAxisTitle,
+                    [&measurer](const std::string& text) { return measurer.textWidth(text); });
 
     // The line, through the points of the range the chart shows.
     const auto points = PointsOf(chart.adjustRange() ? chart.Grid4() : chart.Grid3());

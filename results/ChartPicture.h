@@ -9,6 +9,7 @@
 // labels stand under it, the percents to its left and the probits to its right; the
 // titles of the two vertical axes are turned to read upward. All values are twips.
 
+#include <functional>
 #include <string>
 
 #include "core/Drawing.h"
@@ -30,6 +31,31 @@ inline constexpr double kPictureFontPoints = 8;
 // The titles of the percent and probit axes, as the screen shows them.
 inline constexpr const char* kPercentAxisTitle = "Response percentage";
 inline constexpr const char* kProbitAxisTitle = "Probit";
+
+// The frame of the pictures around a plot: eight boxes, each a twip further inside.
+void DrawPictureFrame(Drawing& d, double left, double top, double right, double bottom);
+
+// Where the labels of the log-probit paper stand around a plot that is drawn at a
+// scale of the screen's plot, on the picture or on paper.
+struct ChartLabelPlaces {
+    double scale = 1;  // the surface's twips to one of the screen's plot
+    double left = 0;   // the plot's edges on the surface
+    double top = 0;
+    double width = 0;
+    double bottom = 0;
+    double tickLength = 0;    // the ticks of the dose labels, upward into the plot
+    double percentLeft = 0;   // where the percents begin, left of the plot
+    double titleBelow = 0;    // the dose axis title's distance below the plot
+    double surfaceWidth = 0;  // the title is centred across the surface
+};
+
+// The width of a text in the face the labels are drawn in.
+using TextWidth = std::function<double(const std::string& text)>;
+
+// The end labels, the ticks and dose labels, the percents, the probits and the title
+// of the dose axis, in the current font of the drawing.
+void DrawChartLabels(Drawing& d, const LogProbitChart& chart, const ChartLabelPlaces& at,
+                     const std::string& doseAxisTitle, const TextWidth& width);
 
 // Draws the picture of the chart. The layout gives the sizes on the screen of the
 // frame (PictureFig), the plot (Picture1) and the two axis titles; doseAxisTitle is

@@ -232,34 +232,13 @@ Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
         d.setCurrentPosition(x, y);
         d.print(text);
     };
-    auto halfWidth = [&](const std::string& text) { return measure(text, font) / 2; };
 
     // The frame: nine boxes, each a twip inside the one before.
     for (int i = 0; i < 9; ++i)
         d.box(L + i, T + i, L + W - i, B - i);
 
-    const std::string& leftEnd = chart.leftEndLabel().caption;
-    const std::string& rightEnd = chart.rightEndLabel().caption;
-    printAt(L - halfWidth(leftEnd), B + 200, leftEnd);
-    printAt(L + W - halfWidth(rightEnd), B + 200, rightEnd);
-    for (int i = 0; i < LogProbitChart::kDoseLabels; ++i) {
-        const ChartLabel& tick = chart.tickLabel(i);
-        if (tick.left <= 0)
-            continue;
-        const double x = (tick.left + 15) * R + L;
-        d.line(x, B, x, B - 50);
-        const std::string& caption = chart.doseLabel(i).caption;
-        printAt(x - halfWidth(caption), B + 200, caption);
-    }
-    for (int i = 0; i < LogProbitChart::kPercentLabels; ++i) {
-        const ChartLabel& label = chart.percentLabel(i);
-        printAt(L - 350, label.top * R + T - 75, label.caption);
-    }
-    for (int j = 0; j < LogProbitChart::kProbitLabels; ++j) {
-        const ChartLabel& label = chart.probitLabel(j);
-        printAt(L + W + 150, label.top * R + T, label.caption);
-    }
-    printAt((pageWidth - measure(doseAxisTitle, font)) / 2, B + 600, doseAxisTitle);
+    DrawChartLabels(d, chart, {R, L, T, W, B, 50, 350, 600, pageWidth}, doseAxisTitle,
+                    [&](const std::string& text) { return measure(text, font); });
 
     // The line, from the coordinate table of the range the chart shows.
     const TextTable& points = chart.adjustRange() ? chart.Grid4() : chart.Grid3();

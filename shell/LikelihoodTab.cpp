@@ -12,15 +12,6 @@
 namespace morvane {
 namespace {
 
-TextTableView* MakeView(QWidget* parent, const TextTable* table, const char* name) {
-    auto* view = new TextTableView(parent);
-    view->setObjectName(name);
-    view->setTable(table);
-    view->verticalHeader()->hide();
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    return view;
-}
-
 void Fit(TextTableView* view) {
     view->refresh();
     view->resizeColumnsToContents();
@@ -28,43 +19,27 @@ void Fit(TextTableView* view) {
 
 }  // namespace
 
-LikelihoodTab::LikelihoodTab(QWidget* parent) : QWidget(parent) {
-    comboModel_ = new QComboBox(this);
-    comboModel_->addItems({"probit", "logit"});
-    comboNatural_ = new QComboBox(this);
-    comboNatural_->addItems({"none", "estimated", "fixed at"});
-    textNatural_ = new QLineEdit(this);
-    textNatural_->setPlaceholderText("0 to below 1");
-    textNatural_->setMaximumWidth(110);
-    textNatural_->setEnabled(false);
+LikelihoodTab::LikelihoodTab(QWidget* parent) : QWidget(parent), choices_(this) {
     textPercents_ = new QLineEdit("25 50 75 90 95 99", this);
     commandFit_ = new QPushButton("Fit", this);
     checkShowLine_ = new QCheckBox("Show the line on the chart", this);
     labelMessage_ = new QLabel(this);
     labelMessage_->setWordWrap(true);
 
-    comboModel_->setObjectName("ComboModel");
-    comboNatural_->setObjectName("ComboNatural");
-    textNatural_->setObjectName("TextNatural");
     textPercents_->setObjectName("TextPercents");
     commandFit_->setObjectName("CommandFit");
     checkShowLine_->setObjectName("CheckShowLine");
     labelMessage_->setObjectName("LabelMessage");
 
-    gridParameters_ = MakeView(this, &parameters_, "GridParameters");
-    gridCovariance_ = MakeView(this, &covariance_, "GridCovariance");
-    gridGoodness_ = MakeView(this, &goodness_, "GridGoodness");
+    gridParameters_ = MakeResultView(this, &parameters_, "GridParameters");
+    gridCovariance_ = MakeResultView(this, &covariance_, "GridCovariance");
+    gridGoodness_ = MakeResultView(this, &goodness_, "GridGoodness");
     gridGoodness_->setHeadingRow(false);
     gridGoodness_->horizontalHeader()->hide();
-    gridEstimates_ = MakeView(this, &estimates_, "GridEstimates");
+    gridEstimates_ = MakeResultView(this, &estimates_, "GridEstimates");
 
     auto* choices = new QHBoxLayout;
-    choices->addWidget(new QLabel("Model", this));
-    choices->addWidget(comboModel_);
-    choices->addSpacing(12);
-    choices->addWidget(new QLabel("Natural response", this));
-    choices->addWidget(comboNatural_);
-    choices->addWidget(textNatural_);
+    choices_.addTo(choices, 12);
     choices->addSpacing(12);
     choices->addWidget(new QLabel("Percents", this));
     choices->addWidget(textPercents_, 1);
@@ -86,11 +61,9 @@ LikelihoodTab::LikelihoodTab(QWidget* parent) : QWidget(parent) {
     layout->addWidget(labelMessage_);
     layout->addLayout(grids, 1);
 
-    connect(comboNatural_, &QComboBox::currentIndexChanged, this,
-            [this](int index) { textNatural_->setEnabled(index == 2); });
     connect(commandFit_, &QPushButton::clicked, this, [this] { fit(); });
     connect(textPercents_, &QLineEdit::returnPressed, this, [this] { fit(); });
-    connect(textNatural_, &QLineEdit::returnPressed, this, [this] { fit(); });
+    connect(choices_.naturalValue, &QLineEdit::returnPressed, this, [this] { fit(); });
     connect(checkShowLine_, &QCheckBox::toggled, this, [this] { emit lineChanged(); });
 }
 
@@ -102,29 +75,6 @@ void LikelihoodTab::setLine(const std::string& name, const TextTable& grid1, Dat
     report_.estimateWord = estimateWord;
     report_.unitWord = unitWord;
     fit();
-}
-
-LikelihoodOptions LikelihoodTab::chosenOptions(std::string& refusal) const {
-    LikelihoodOptions options;
-    options.model = comboModel_->currentIndex() == 1 ? LinkModel::Logit : LinkModel::Probit;
-    switch (comboNatural_->currentIndex()) {
-        case 1:
-            options.natural = {NaturalResponse::Kind::Estimated, 0};
-            break;
-        case 2: {
-            const auto value = ParseNumber(textNatural_->text().toStdString());
-            if (!value || !(*value >= 0 && *value < 1))
-                refusal =
-                    "The natural response must be a proportion from 0 up to, not "
-                    "including, 1.";
-            else
-                options.natural = {NaturalResponse::Kind::Fixed, *value};
-            break;
-        }
-        default:
-            break;
-    }
-    return options;
 }
 
 std::vector<double> LikelihoodTab::chosenPercents(std::string& refusal) const {
@@ -146,7 +96,7 @@ std::vector<double> LikelihoodTab::chosenPercents(std::string& refusal) const {
 
 void LikelihoodTab::fit() {
     std::string refusal;
-    const LikelihoodOptions options = chosenOptions(refusal);
+    const LikelihoodOptions options = choices_.options(refusal);
     const std::vector<double> percents = chosenPercents(refusal);
     LineGroups groups = DoseGroupsOf(grid1_, type_);
     if (refusal.empty() && !groups.message.empty())
@@ -197,7 +147,7 @@ std::string LikelihoodTab::tablesText() const {
         return labelMessage_->text().toStdString();
     LikelihoodOptions options;
     std::string refusal;
-    options = chosenOptions(refusal);
+    options = choices_.options(refusal);
     return LikelihoodText({report_}, {}, options);
 }
 

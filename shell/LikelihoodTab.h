@@ -17,6 +17,7 @@
 #include "core/TextTable.h"
 #include "document/FileOptions.h"
 #include "relative/LikelihoodTables.h"
+#include "shell/LikelihoodChoices.h"
 #include "shell/TextTableView.h"
 
 namespace morvane {
@@ -48,7 +49,6 @@ class LikelihoodTab : public QWidget {
     void lineChanged();
 
   private:
-    LikelihoodOptions chosenOptions(std::string& refusal) const;
     std::vector<double> chosenPercents(std::string& refusal) const;
 
     TextTable grid1_;
@@ -56,8 +56,8 @@ class LikelihoodTab : public QWidget {
     LikelihoodLineReport report_;
     TextTable parameters_, covariance_, goodness_, estimates_;
 
-    QComboBox *comboModel_, *comboNatural_;
-    QLineEdit *textNatural_, *textPercents_;
+    LikelihoodChoices choices_;
+    QLineEdit* textPercents_;
     QPushButton* commandFit_;
     QCheckBox* checkShowLine_;
     TextTableView *gridParameters_, *gridCovariance_, *gridGoodness_, *gridEstimates_;

@@ -8,28 +8,8 @@
 #include "relative/LikelihoodData.h"
 
 namespace morvane {
-namespace {
-
-TextTableView* MakeView(QWidget* parent, const TextTable* table, const char* name) {
-    auto* view = new TextTableView(parent);
-    view->setObjectName(name);
-    view->setTable(table);
-    view->verticalHeader()->hide();
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    return view;
-}
-
-}  // namespace
-
-LineRatiosPanel::LineRatiosPanel(UserPort& port, QWidget* parent) : QWidget(parent), port_(port) {
-    comboModel_ = new QComboBox(this);
-    comboModel_->addItems({"probit", "logit"});
-    comboNatural_ = new QComboBox(this);
-    comboNatural_->addItems({"none", "estimated", "fixed at"});
-    textNatural_ = new QLineEdit(this);
-    textNatural_->setPlaceholderText("0 to below 1");
-    textNatural_->setMaximumWidth(110);
-    textNatural_->setEnabled(false);
+LineRatiosPanel::LineRatiosPanel(UserPort& port, QWidget* parent)
+    : QWidget(parent), port_(port), choices_(this) {
     textPercent_ = new QLineEdit("50", this);
     textPercent_->setMaximumWidth(70);
     comboReference_ = new QComboBox(this);
@@ -39,25 +19,17 @@ LineRatiosPanel::LineRatiosPanel(UserPort& port, QWidget* parent) : QWidget(pare
     labelPotency_ = new QLabel(this);
     labelPotency_->setWordWrap(true);
 
-    comboModel_->setObjectName("ComboModel");
-    comboNatural_->setObjectName("ComboNatural");
-    textNatural_->setObjectName("TextNatural");
     textPercent_->setObjectName("TextPercent");
     comboReference_->setObjectName("ComboReference");
     commandCompare_->setObjectName("CommandCompare");
     labelMessage_->setObjectName("LabelMessage");
     labelPotency_->setObjectName("LabelPotency");
-    gridRatios_ = MakeView(this, &ratios_, "GridRatios");
-    gridTests_ = MakeView(this, &tests_, "GridTests");
-    gridPotency_ = MakeView(this, &potency_, "GridPotency");
+    gridRatios_ = MakeResultView(this, &ratios_, "GridRatios");
+    gridTests_ = MakeResultView(this, &tests_, "GridTests");
+    gridPotency_ = MakeResultView(this, &potency_, "GridPotency");
 
     auto* choices = new QHBoxLayout;
-    choices->addWidget(new QLabel("Model", this));
-    choices->addWidget(comboModel_);
-    choices->addSpacing(10);
-    choices->addWidget(new QLabel("Natural response", this));
-    choices->addWidget(comboNatural_);
-    choices->addWidget(textNatural_);
+    choices_.addTo(choices, 10);
     choices->addSpacing(10);
     choices->addWidget(new QLabel("Percent", this));
     choices->addWidget(textPercent_);
@@ -74,8 +46,6 @@ LineRatiosPanel::LineRatiosPanel(UserPort& port, QWidget* parent) : QWidget(pare
     layout->addWidget(labelPotency_);
     layout->addWidget(gridPotency_, 2);
 
-    connect(comboNatural_, &QComboBox::currentIndexChanged, this,
-            [this](int index) { textNatural_->setEnabled(index == 2); });
     connect(commandCompare_, &QPushButton::clicked, this, [this] { compare(); });
     connect(textPercent_, &QLineEdit::returnPressed, this, [this] { compare(); });
 }
@@ -90,17 +60,7 @@ void LineRatiosPanel::setLines(const std::vector<std::pair<std::string, std::str
 
 void LineRatiosPanel::compare() {
     std::string refusal;
-    LikelihoodOptions options;
-    options.model = comboModel_->currentIndex() == 1 ? LinkModel::Logit : LinkModel::Probit;
-    if (comboNatural_->currentIndex() == 1) {
-        options.natural = {NaturalResponse::Kind::Estimated, 0};
-    } else if (comboNatural_->currentIndex() == 2) {
-        const auto value = ParseNumber(textNatural_->text().toStdString());
-        if (!value || !(*value >= 0 && *value < 1))
-            refusal = "The natural response must be a proportion from 0 up to, not including, 1.";
-        else
-            options.natural = {NaturalResponse::Kind::Fixed, *value};
-    }
+    const LikelihoodOptions options = choices_.options(refusal);
     const auto percent = ParseNumber(textPercent_->text().toStdString());
     if (refusal.empty() && (!percent || !(*percent > 0 && *percent < 100)))
         refusal = "A percent must lie above 0 and below 100: " + textPercent_->text().toStdString();

@@ -17,6 +17,7 @@
 #include "core/TextTable.h"
 #include "core/UserPort.h"
 #include "relative/LikelihoodTables.h"
+#include "shell/LikelihoodChoices.h"
 #include "shell/TextTableView.h"
 
 namespace morvane {
@@ -45,8 +46,9 @@ class LineRatiosPanel : public QWidget {
     TextTable ratios_, tests_, potency_;
     std::string text_;
 
-    QComboBox *comboModel_, *comboNatural_, *comboReference_;
-    QLineEdit *textNatural_, *textPercent_;
+    LikelihoodChoices choices_;
+    QComboBox* comboReference_;
+    QLineEdit* textPercent_;
     QPushButton* commandCompare_;
     TextTableView *gridRatios_, *gridTests_, *gridPotency_;
     QLabel *labelMessage_, *labelPotency_;

@@ -18,20 +18,12 @@ namespace morvane {
 namespace {
 
 using testing::CliResult;
-using testing::CurrentLineFile;
 using testing::RunCli;
 using testing::TempFolder;
 using testing::WriteBytes;
 
 std::string Rotenone() {
-    return CurrentLineFile(R"(1,0,"mg","L",2,"Dose","LD","",0,"0.05",0,0)", 6,
-                           {{"C", "0", "49", "0", "0.000", "0.00000000000C"},
-                            {"T", "2.6", "50", "6", "12.000", "1.00960091030T"},
-                            {"T", "3.8", "48", "16", "33.333", "1.01343951993T"},
-                            {"T", "5.1", "46", "24", "52.174", "1.01642585036T"},
-                            {"T", "7.7", "49", "42", "85.714", "1.02062195706T"},
-                            {"T", "10.2", "50", "44", "88.000", "1.02349565124T"}},
-                           R"("Rotenone","Macrosiphoniella sanborni","","")");
+    return testing::RotenoneLineFile();
 }
 
 class ChartCliTest : public ::testing::Test {
@@ -41,8 +33,7 @@ class ChartCliTest : public ::testing::Test {
         WriteBytes(folder.file("strainB.mrv"), Rotenone());
     }
     std::string bytes(const std::string& name) const {
-        std::ifstream file(folder.file(name), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
+        return testing::ReadBytes(folder.file(name));
     }
     // The width and height of a PNG file, from its header.
     std::pair<int, int> pngSize(const std::string& name) const {

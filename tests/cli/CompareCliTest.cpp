@@ -27,7 +27,6 @@ using testing::CliResult;
 using testing::CliTest;
 using testing::CurrentLineFile;
 using testing::RunCli;
-using testing::TempFolder;
 using testing::WriteBytes;
 
 // Options records: data type "Total and Responded", the units tab with a first unit

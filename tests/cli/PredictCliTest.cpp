@@ -13,10 +13,7 @@
 namespace morvane {
 namespace {
 
-using testing::CliResult;
 using testing::CliTest;
-using testing::RunCli;
-using testing::TempFolder;
 
 // The block of the command as the tool prints it; its first line as a user reads it.
 const std::string kPredictBlock = cli::kPredictUsage;

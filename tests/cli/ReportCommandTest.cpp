@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,8 @@
 namespace morvane {
 namespace {
 
-using testing::CliResult;
 using testing::CliTest;
 using testing::CurrentLineFile;
-using testing::RunCli;
-using testing::TempFolder;
 using testing::WriteBytes;
 
 class ReportCommandTest : public CliTest {
@@ -42,14 +40,7 @@ class ReportCommandTest : public CliTest {
 // untreated control. The queries add the estimate at 50% (the 50% row\nagain) and the response at 4
 // mg / L.
 TEST_F(ReportCommandTest, TotalAndRespondedWithAControlAndQueries) {
-    writeLineFile("rotenone.mrv", R"(1,0,"mg","L",2,"Dose","LD","",0,"0.05",0,0)", 6,
-                  {{"C", "0", "49", "0", "0.000", "0.00000000000C"},
-                   {"T", "2.6", "50", "6", "12.000", "1.00960091030T"},
-                   {"T", "3.8", "48", "16", "33.333", "1.01343951993T"},
-                   {"T", "5.1", "46", "24", "52.174", "1.01642585036T"},
-                   {"T", "7.7", "49", "42", "85.714", "1.02062195706T"},
-                   {"T", "10.2", "50", "44", "88.000", "1.02349565124T"}},
-                  R"("Rotenone","Macrosiphoniella sanborni","","")");
+    WriteBytes(folder.file("rotenone.mrv"), testing::RotenoneLineFile());
     expectRun({"report", "rotenone.mrv", "--percent", "50", "--dose", "4"},
               "Con.\tCon. * 1\tLog (Con. * 1)\tTreated\tObserved response %\tLinear response %\t"
               "Linear probit\n"
@@ -451,101 +442,107 @@ TEST_F(ReportCommandTest, OlderLayoutReadsIntoTheSameLine) {
 
 // --- Lines that are refused -------------------------------------------------------------
 
-// Two doses: Calculate would be disabled.
-TEST_F(ReportCommandTest, TwoDosesCannotBeCalculated) {
-    writeLineFile("two.mrv", R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)", 6,
-                  {{"T", "1", "20", "5", "25.000", "1.00000000000T"},
-                   {"T", "2", "20", "12", "60.000", "1.00695555006T"}},
-                  R"("","","","")");
-    expectRun({"report", "two.mrv"}, "", "Can't calculate two\n", 1);
+// A line that the calculation refuses: its file (options record, columns of the
+// table and rows; no notes) and the whole standard error. Nothing is written to the
+// standard output and the exit status is 1.
+struct RefusedLine {
+    std::string name;
+    std::string options;
+    int columns;
+    std::vector<std::vector<std::string>> rows;
+    std::string err;
+};
+
+// Names the case in the test's listing.
+void PrintTo(const RefusedLine& line, std::ostream* out) {
+    *out << line.name;
 }
 
-// All 20 of 20 respond at 4 mg: a corrected 100% is refused.
-TEST_F(ReportCommandTest, ACorrectedResponseAboveNinetyNinePointNineIsRefused) {
-    writeLineFile("hundred.mrv", R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)", 6,
-                  {{"T", "1", "20", "5", "25.000", "1.00000000000T"},
-                   {"T", "2", "20", "12", "60.000", "1.00695555006T"},
-                   {"T", "4", "20", "20", "100.000", "1.01395947979T"}},
-                  R"("","","","")");
-    expectRun({"report", "hundred.mrv"}, "",
-              "Your data contain unacceptable values and can't be calculated\n"
-              "Corrected response percentage more than 99.9% or less than 0.1% cant be calculated."
-              "\n",
-              1);
+class RefusedLineTest : public ReportCommandTest,
+                        public ::testing::WithParamInterface<RefusedLine> {};
+
+TEST_P(RefusedLineTest, IsToldAndMakesNoTables) {
+    const RefusedLine& line = GetParam();
+    writeLineFile(line.name + ".mrv", line.options, line.columns, line.rows, R"("","","","")");
+    expectRun({"report", line.name + ".mrv"}, "", line.err, 1);
 }
 
-// A control for each treatment, and 4 h has its control only.
-TEST_F(ReportCommandTest, ADoseWithOnlyAControlIsRefused) {
-    writeLineFile("onlycontrol.mrv", R"(2,0,"hour","",3,"Dose","LD","",0,"0.05",0,0)", 4,
-                  {{"T", "1", "10.000", "1.00000000000T"},
-                   {"T", "2", "40.000", "1.00695555006T"},
-                   {"C", "4", "5.000", "1.01395947979C"},
-                   {"T", "8", "90.000", "1.02101212571T"}},
-                  R"("","","","")");
-    expectRun({"report", "onlycontrol.mrv"}, "",
-              "Morvane detected missing data\n"
-              "line no. 3 which is labeled 4\n"
-              "has only control value.\n"
-              "Please add treated value or remove all the replicates of this point.\n",
-              1);
-}
+const RefusedLine kRefusedLines[] = {
+    // Two doses: Calculate would be disabled.
+    {"two",
+     R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)",
+     6,
+     {{"T", "1", "20", "5", "25.000", "1.00000000000T"},
+      {"T", "2", "20", "12", "60.000", "1.00695555006T"}},
+     "Can't calculate two\n"},
+    // All 20 of 20 respond at 4 mg: a corrected 100% is refused.
+    {"hundred",
+     R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)",
+     6,
+     {{"T", "1", "20", "5", "25.000", "1.00000000000T"},
+      {"T", "2", "20", "12", "60.000", "1.00695555006T"},
+      {"T", "4", "20", "20", "100.000", "1.01395947979T"}},
+     "Your data contain unacceptable values and can't be calculated\n"
+     "Corrected response percentage more than 99.9% or less than 0.1% cant be calculated.\n"},
+    // A control for each treatment, and 4 h has its control only.
+    {"onlycontrol",
+     R"(2,0,"hour","",3,"Dose","LD","",0,"0.05",0,0)",
+     4,
+     {{"T", "1", "10.000", "1.00000000000T"},
+      {"T", "2", "40.000", "1.00695555006T"},
+      {"C", "4", "5.000", "1.01395947979C"},
+      {"T", "8", "90.000", "1.02101212571T"}},
+     "Morvane detected missing data\n"
+     "line no. 3 which is labeled 4\n"
+     "has only control value.\n"
+     "Please add treated value or remove all the replicates of this point.\n"},
+    // "10", "10.0" and "10.00" are three doses to the response table, with one log
+    // dose: the slope would be infinite.
+    {"samedose",
+     R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)",
+     6,
+     {{"T", "10", "20", "5", "25.000", "1.02329299228T"},
+      {"T", "10.0", "20", "10", "50.000", "1.02329299228T"},
+      {"T", "10.00", "20", "15", "75.000", "1.02329299228T"}},
+     "Your data Revealed an illegal slope\n"
+     "it has an infinite value\n"
+     "so your data can't be calculated\n"},
+    // Responses of 50, 50.001 and 50.002% over two decades.
+    {"flat",
+     R"(2,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)",
+     4,
+     {{"T", "1", "50.000", "1.00000000000T"},
+      {"T", "10", "50.001", "1.02329299228T"},
+      {"T", "100", "50.002", "1.04712854805T"}},
+     "Your data revealed an extreme flat slope\n"
+     "it is less than 0.0001\n"
+     "Morvane can't calculate it\n"},
+    // From 10% to 90% between 1 and 1.0002 mg.
+    {"steep",
+     R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)",
+     6,
+     {{"T", "1", "20", "2", "10.000", "1.00000000000T"},
+      {"T", "1.0001", "20", "10", "50.000", "1.00000099995T"},
+      {"T", "1.0002", "20", "18", "90.000", "1.00000199980T"}},
+     "Your data revealed an extreme large slope\n"
+     "it is more than  1000\n"
+     "Morvane can't calculate it\n"},
+    // Every dose kills half: the correlation of the provisional line divides by zero.
+    {"even",
+     R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)",
+     6,
+     {{"T", "1", "20", "10", "50.000", "1.00000000000T"},
+      {"T", "2", "20", "10", "50.000", "1.00695555006T"},
+      {"T", "4", "20", "10", "50.000", "1.01395947979T"}},
+     "Morvane stopped the calculation:\n"
+     "every dose gives the same probit, so the correlation r divides by zero.\n"
+     "No results were made.\n"},
+};
 
-// "10", "10.0" and "10.00" are three doses to the response table, with one\nlog dose: the slope
-// would be infinite.
-TEST_F(ReportCommandTest, DosesThatDifferOnlyInTheirTextGiveAnIllegalSlope) {
-    writeLineFile("samedose.mrv", R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)", 6,
-                  {{"T", "10", "20", "5", "25.000", "1.02329299228T"},
-                   {"T", "10.0", "20", "10", "50.000", "1.02329299228T"},
-                   {"T", "10.00", "20", "15", "75.000", "1.02329299228T"}},
-                  R"("","","","")");
-    expectRun({"report", "samedose.mrv"}, "",
-              "Your data Revealed an illegal slope\n"
-              "it has an infinite value\n"
-              "so your data can't be calculated\n",
-              1);
-}
-
-// Responses of 50, 50.001 and 50.002% over two decades.
-TEST_F(ReportCommandTest, AnExtremeFlatSlopeIsRefused) {
-    writeLineFile("flat.mrv", R"(2,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)", 4,
-                  {{"T", "1", "50.000", "1.00000000000T"},
-                   {"T", "10", "50.001", "1.02329299228T"},
-                   {"T", "100", "50.002", "1.04712854805T"}},
-                  R"("","","","")");
-    expectRun({"report", "flat.mrv"}, "",
-              "Your data revealed an extreme flat slope\n"
-              "it is less than 0.0001\n"
-              "Morvane can't calculate it\n",
-              1);
-}
-
-// From 10% to 90% between 1 and 1.0002 mg.
-TEST_F(ReportCommandTest, AnExtremeLargeSlopeIsRefused) {
-    writeLineFile("steep.mrv", R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)", 6,
-                  {{"T", "1", "20", "2", "10.000", "1.00000000000T"},
-                   {"T", "1.0001", "20", "10", "50.000", "1.00000099995T"},
-                   {"T", "1.0002", "20", "18", "90.000", "1.00000199980T"}},
-                  R"("","","","")");
-    expectRun({"report", "steep.mrv"}, "",
-              "Your data revealed an extreme large slope\n"
-              "it is more than  1000\n"
-              "Morvane can't calculate it\n",
-              1);
-}
-
-// Every dose kills half: the correlation of the provisional line divides by zero.
-TEST_F(ReportCommandTest, EqualProbitsStopTheCalculationWithAClearMessage) {
-    writeLineFile("even.mrv", R"(1,0,"mg","",1,"Dose","LD","",0,"0.05",0,0)", 6,
-                  {{"T", "1", "20", "10", "50.000", "1.00000000000T"},
-                   {"T", "2", "20", "10", "50.000", "1.00695555006T"},
-                   {"T", "4", "20", "10", "50.000", "1.01395947979T"}},
-                  R"("","","","")");
-    expectRun({"report", "even.mrv"}, "",
-              "Morvane stopped the calculation:\n"
-              "every dose gives the same probit, so the correlation r divides by zero.\n"
-              "No results were made.\n",
-              1);
-}
+INSTANTIATE_TEST_SUITE_P(Report, RefusedLineTest, ::testing::ValuesIn(kRefusedLines),
+                         [](const ::testing::TestParamInfo<RefusedLine>& info) {
+                             return info.param.name;
+                         });
 
 // Queries the results window refuses: percents of 0, 100 and 0.05 are out of\nscale; what the boxes
 // can't take (a letter, a second point, a comma, an\nexponent, a sign, nothing) is an invalid

@@ -14,7 +14,6 @@ namespace {
 using testing::CliResult;
 using testing::CliTest;
 using testing::RunCli;
-using testing::TempFolder;
 
 // The usage is its head, one block for each command (report first), and its foot.
 const std::string kUsageHead =

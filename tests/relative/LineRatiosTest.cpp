@@ -19,16 +19,10 @@
 
 #include <gtest/gtest.h>
 
+#include "support/SixDigits.h"
+
 namespace morvane {
 namespace {
-
-::testing::AssertionResult SixDigits(double actual, double expected) {
-    if (std::fabs(actual - expected) <= 1e-6 * std::fabs(expected))
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure()
-           << "got " << actual << ", expected " << expected << " to six significant digits";
-}
-#define EXPECT_6(actual, expected) EXPECT_TRUE(SixDigits((actual), (expected)))
 
 // Collett's tobacco budworm (Venables and Ripley, Modern Applied Statistics with S,
 // 4th ed., section 7.2), males the reference, and Finney's rotenone (Probit Analysis,

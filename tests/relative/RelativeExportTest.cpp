@@ -11,6 +11,17 @@ namespace {
 using testing::AddLines;
 using testing::FillRows;
 
+// One line, "a", of which the table shows no more than the name and the estimate:
+// no limits, ratios, index, sorted percent or added percents.
+void ShowOnlyTheEstimateOfA(Rtvin& rtvin) {
+    AddLines(rtvin, {"a"});
+    rtvin.Check3Click(false);
+    rtvin.Check4Click(false);
+    rtvin.Check5Click(false);
+    rtvin.Check2.checked = false;
+    rtvin.List1.items.clear();
+}
+
 TEST(RelativeTableText, RowsByLineFeedsCellsByTabsWithoutTheHiddenKey) {
     Rtvin rtvin;
     AddLines(rtvin, {"a", "b"});
@@ -36,12 +47,7 @@ TEST(RelativeTableText, RowsByLineFeedsCellsByTabsWithoutTheHiddenKey) {
 
 TEST(RelativeTableText, AnEmptyCaptionAndNoteStillEndTheText) {
     Rtvin rtvin;
-    AddLines(rtvin, {"a"});
-    rtvin.Check3Click(false);
-    rtvin.Check4Click(false);
-    rtvin.Check5Click(false);
-    rtvin.Check2.checked = false;
-    rtvin.List1.items.clear();
+    ShowOnlyTheEstimateOfA(rtvin);
     Rtvout rtvout;
     FillRows(rtvin, rtvout, {{"a", "2.5"}});
     EXPECT_EQ(RelativeTableText(rtvout), "No\tLine name\tLD50\n1\ta\t2.5\n\n\n");
@@ -49,12 +55,7 @@ TEST(RelativeTableText, AnEmptyCaptionAndNoteStillEndTheText) {
 
 TEST(SizeResultColumns, TheWidestTextHeaderIncludedPlusAMargin) {
     Rtvin rtvin;
-    AddLines(rtvin, {"a"});
-    rtvin.Check3Click(false);
-    rtvin.Check4Click(false);
-    rtvin.Check5Click(false);
-    rtvin.Check2.checked = false;
-    rtvin.List1.items.clear();
+    ShowOnlyTheEstimateOfA(rtvin);
     Rtvout rtvout;
     FillRows(rtvin, rtvout, {{"a much longer line name", ""}});
     rtvout.Grid1.setText(0, resultcol::Estimate, "");  // an empty column

@@ -18,18 +18,15 @@
 #include "relative/LinePens.h"
 #include "support/ScriptedUserPort.h"
 
+#include "support/DrawingLines.h"
+
 namespace morvane {
 namespace {
 
 using testing::ScriptedUserPort;
 
 std::vector<std::string> Lines(const Drawing& d) {
-    std::vector<std::string> out;
-    const std::string dump = d.dump();
-    std::size_t start = 0;
-    for (std::size_t end; (end = dump.find('\n', start)) != std::string::npos; start = end + 1)
-        out.push_back(dump.substr(start, end - start));
-    return out;
+    return testing::DrawingLines(d);
 }
 
 bool Has(const std::vector<std::string>& ops, const std::string& op) {

@@ -16,48 +16,25 @@
 #include <vector>
 
 #include "ChartRows.h"
+#include "support/DrawingLines.h"
 #include "support/ScriptedUserPort.h"
 
 namespace morvane {
 namespace {
 
-class ChartPictureTest : public ::testing::Test {
+class ChartPictureTest : public ::testing::Test, protected testing::KnownChartLine {
   protected:
-    ChartPictureTest() : grid1(4, datacol::Count), chart(grid1, shared), measurer(100) {
-        shared.fit.Slope = 2;
-        shared.fit.MeanLogDose = 1;
-        shared.fit.MeanProbit = 5;
-        shared.fit.DoseScale = 1;
-        setRow(1, "1", "0.0000", "10.000", "3.0000");
-        setRow(2, "10", "1.0000", "50.000", "5.0000");
-        setRow(3, "100", "2.0000", "90.000", "7.0000");
-        layout.PictureFig = {0, 0, 7500, 3800};
-        layout.Picture1 = {700, 100, 6000, 3000};
-        layout.Pictprcent = {0, 500, 300, 2000};
-        layout.Pictprob = {7000, 1100, 300, 800};
-        chart.setPlotSize(6000, 3000);
-        chart.setPercentStripHeight(3110);
-    }
+    ChartPictureTest() : layout(testing::KnownChartLayout()), measurer(100) {}
 
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
         testing::SetChartRow(grid1, r, dose, logDose, observed, probit);
     }
 
-    std::vector<std::string> lines(const Drawing& d) const {
-        std::vector<std::string> out;
-        std::string dump = d.dump();
-        std::size_t start = 0;
-        for (std::size_t end; (end = dump.find('\n', start)) != std::string::npos; start = end + 1)
-            out.push_back(dump.substr(start, end - start));
-        return out;
-    }
+    std::vector<std::string> lines(const Drawing& d) const { return testing::DrawingLines(d); }
 
     Drawing compose() { return ComposeChartPicture(chart, layout, "Dose (mg)", shared, measurer); }
 
-    TextTable grid1;
-    SharedRegisters shared;
-    LogProbitChart chart;
     ChartLayout layout;
     FixedWidthTextMeasurer measurer;
     testing::ScriptedUserPort port;

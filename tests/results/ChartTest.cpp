@@ -18,20 +18,8 @@
 namespace morvane {
 namespace {
 
-class ChartTest : public ::testing::Test {
+class ChartTest : public ::testing::Test, protected testing::KnownChartLine {
   protected:
-    ChartTest() : grid1(4, datacol::Count), chart(grid1, shared) {
-        shared.fit.Slope = 2;
-        shared.fit.MeanLogDose = 1;
-        shared.fit.MeanProbit = 5;
-        shared.fit.DoseScale = 1;
-        setRow(1, "1", "0.0000", "10.000", "3.0000");
-        setRow(2, "10", "1.0000", "50.000", "5.0000");
-        setRow(3, "100", "2.0000", "90.000", "7.0000");
-        chart.setPlotSize(6000, 3000);
-        chart.setPercentStripHeight(3110);
-    }
-
     void setRow(int r, const std::string& dose, const std::string& logDose,
                 const std::string& observed, const std::string& probit) {
         testing::SetChartRow(grid1, r, dose, logDose, observed, probit);
@@ -42,9 +30,6 @@ class ChartTest : public ::testing::Test {
         chart.clickCycles(n);
     }
 
-    TextTable grid1;
-    SharedRegisters shared;
-    LogProbitChart chart;
     testing::ScriptedUserPort port;
 };
 

@@ -13,9 +13,12 @@
 #include <string>
 #include <vector>
 
+#include "ChartRows.h"
 #include "ResponseTables.h"
 #include "core/LineCalculation.h"
 #include "support/ScriptedUserPort.h"
+
+#include "support/DrawingLines.h"
 
 namespace morvane {
 namespace {
@@ -26,12 +29,7 @@ constexpr double kA4Width = 11906;
 constexpr double kA4Height = 16838;
 
 std::vector<std::string> Lines(const Drawing& d) {
-    std::vector<std::string> out;
-    const std::string dump = d.dump();
-    std::size_t start = 0;
-    for (std::size_t end; (end = dump.find('\n', start)) != std::string::npos; start = end + 1)
-        out.push_back(dump.substr(start, end - start));
-    return out;
+    return testing::DrawingLines(d);
 }
 
 class PrintTablesTest : public ::testing::Test {
@@ -162,39 +160,14 @@ TEST_F(PrintTablesTest, EstimatesThatReachTheFootDrawTheRuleAndRepeatTheirHeadin
 
 // --- The chart on paper -------------------------------------------------------------
 
-class PrintChartTest : public ::testing::Test {
+class PrintChartTest : public ::testing::Test, protected testing::KnownChartLine {
   protected:
-    PrintChartTest() : grid1(4, datacol::Count), chart(grid1, shared) {
-        shared.fit.Slope = 2;
-        shared.fit.MeanLogDose = 1;
-        shared.fit.MeanProbit = 5;
-        shared.fit.DoseScale = 1;
-        const char* rows[3][4] = {{"1", "0.0000", "10.000", "3.0000"},
-                                  {"10", "1.0000", "50.000", "5.0000"},
-                                  {"100", "2.0000", "90.000", "7.0000"}};
-        for (int r = 1; r <= 3; ++r) {
-            grid1.setText(r, datacol::Dose, rows[r - 1][0]);
-            grid1.setText(r, datacol::ScaledDose, rows[r - 1][0]);
-            grid1.setText(r, datacol::LogDose, rows[r - 1][1]);
-            grid1.setText(r, datacol::Treated, "20");
-            grid1.setText(r, datacol::Observed, rows[r - 1][2]);
-            grid1.setText(r, datacol::LinearProbit, rows[r - 1][3]);
-        }
-        layout.PictureFig = {0, 0, 7500, 3800};
-        layout.Picture1 = {700, 100, 6000, 3000};
-        layout.Pictprcent = {0, 500, 300, 2000};
-        layout.Pictprob = {7000, 1100, 300, 800};
-        chart.setPlotSize(6000, 3000);
-        chart.setPercentStripHeight(3110);
-    }
+    PrintChartTest() : layout(testing::KnownChartLayout()) {}
 
     Drawing print(double width, double height) {
         return PrintChart(chart, layout, "Dose (mg)", shared, width, height, FixedFontMeasure);
     }
 
-    TextTable grid1;
-    SharedRegisters shared;
-    LogProbitChart chart;
     ChartLayout layout;
 };
 

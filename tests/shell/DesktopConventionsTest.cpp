@@ -29,14 +29,6 @@ using namespace morvane::testing;
 
 namespace {
 
-// The file's whole text.
-QByteArray FileBytes(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
-}
-
 // Saves the typed line under the name, through the menu's Save.
 void SaveAs(ShellFixture& f, MainWindow& main, const QString& name) {
     f.port.saveAnswers.push_back(f.path(name).toStdString());
@@ -67,15 +59,8 @@ class DesktopConventionsTest : public QObject {
     MainWindow* main = nullptr;
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        main = &f->program->mainWindow();
-        QVERIFY(ShowActive(*main));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartProgram(f, main); }
+    void cleanup() { EndProgram(f); }
 
     void menusReachEveryButton() {
         const QStringList menus = [this] {

@@ -34,10 +34,7 @@ class LikelihoodTabTest : public QObject {
 
     template <class T>
     T* child(const char* name) const {
-        T* widget = results->findChild<T*>(name);
-        if (widget == nullptr)
-            qFatal("the results window has no %s named %s", T::staticMetaObject.className(), name);
-        return widget;
+        return NamedChild<T>(results, name, "the results window");
     }
     QString cell(const char* grid, int row, int col) const {
         return child<TextTableView>(grid)->cellText(row, col);
@@ -54,23 +51,13 @@ class LikelihoodTabTest : public QObject {
 
   private slots:
     void init() {
-        f = std::make_unique<ShellFixture>();
-        MainWindow& main = f->program->mainWindow();
-        QVERIFY(ShowActive(main));
-        NewLine(*f);
-        TypeAssay(main);
-        Click(main.CommandCalc());
-        results = f->program->resultsWindow();
+        StartResults(f, results);
         QVERIFY(results);
-        QVERIFY(ShowActive(*results));
         auto* tabs = child<QTabWidget>("Tab1");
         QCOMPARE(tabs->tabText(2), QString("Maximum likelihood"));
         tabs->setCurrentIndex(2);
     }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void cleanup() { EndProgram(f); }
 
     void theProbitTablesAgreeWithR() {
         QCOMPARE(cell("GridParameters", 1, 0), QString("Intercept"));

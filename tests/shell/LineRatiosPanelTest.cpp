@@ -34,10 +34,7 @@ class LineRatiosPanelTest : public QObject {
 
     template <class T>
     T* child(const char* name) const {
-        T* widget = panel->findChild<T*>(name);
-        if (widget == nullptr)
-            qFatal("the panel has no %s named %s", T::staticMetaObject.className(), name);
-        return widget;
+        return NamedChild<T>(panel, name, "the panel");
     }
     QString cell(const char* grid, int row, int col) const {
         return child<TextTableView>(grid)->cellText(row, col);
@@ -51,29 +48,14 @@ class LineRatiosPanelTest : public QObject {
 
   private slots:
     void init() {
-        f = std::make_unique<ShellFixture>();
-        files = WriteStrainFiles(f->folder.path(), 3);
-        QVERIFY(ShowActive(f->program->mainWindow()));
-        for (const QString& path : files)
-            f->port.openAnswers.push_back(path.toStdString());
-        f->port.openAnswers.push_back(std::nullopt);
-        Click(f->program->mainWindow().CommandRelative());
-        RtvinWindow* rtvin = f->program->rtvinWindow();
-        QVERIFY(rtvin);
-        QVERIFY(ShowActive(*rtvin));
-        Click(rtvin->Command4());
-        out = rtvin->resultsWindow();
+        StartComparison(f, out, &files);
         QVERIFY(out);
-        QVERIFY(ShowActive(*out));
         QCOMPARE(out->Tab1()->tabText(2), QString("Maximum likelihood"));
         out->Tab1()->setCurrentIndex(2);
         panel = out->findChild<LineRatiosPanel*>("LineRatiosPanel");
         QVERIFY(panel);
     }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void cleanup() { EndProgram(f); }
 
     void theTablesOfTheComparison() {
         QCOMPARE(cell("GridRatios", 0, 1), QString("LD50"));

@@ -35,21 +35,13 @@ class PrintWindowTest : public QObject {
 
   private slots:
     void init() {
-        f = std::make_unique<ShellFixture>();
-        MainWindow& main = f->program->mainWindow();
-        QVERIFY(ShowActive(main));
-        NewLine(*f);
-        TypeAssay(main);
-        Click(main.CommandCalc());
-        results = f->program->resultsWindow();
+        StartResults(f, results);
         QVERIFY(results);
-        QVERIFY(ShowActive(*results));
         PrintRoute::setPdfOutput(f->path("printed.pdf"));
     }
     void cleanup() {
         PrintRoute::setPdfOutput(std::nullopt);
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
+        EndProgram(f);
     }
 
     void printOpensTheDialogAndCancelGivesTheWindowBack() {

@@ -24,27 +24,12 @@ class RelativeExportWindowTest : public QObject {
     std::unique_ptr<ShellFixture> f;
     RtvoutWindow* out = nullptr;
 
-    QByteArray fileBytes(const QString& name) const {
-        QFile file(f->path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray fileBytes(const QString& name) const { return FileBytes(f->path(name)); }
 
   private slots:
     void init() {
-        f = std::make_unique<ShellFixture>();
-        const QStringList files = WriteStrainFiles(f->folder.path(), 3);
-        QVERIFY(ShowActive(f->program->mainWindow()));
-        for (const QString& path : files)
-            f->port.openAnswers.push_back(path.toStdString());
-        f->port.openAnswers.push_back(std::nullopt);
-        Click(f->program->mainWindow().CommandRelative());
-        RtvinWindow* rtvin = f->program->rtvinWindow();
-        QVERIFY(rtvin);
-        QVERIFY(ShowActive(*rtvin));
-        Click(rtvin->Command4());
-        out = rtvin->resultsWindow();
+        StartComparison(f, out);
         QVERIFY(out);
-        QVERIFY(ShowActive(*out));
     }
     void cleanup() {
         EndProgram(f);

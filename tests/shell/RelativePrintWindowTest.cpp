@@ -41,26 +41,13 @@ class RelativePrintWindowTest : public QObject {
 
   private slots:
     void init() {
-        f = std::make_unique<ShellFixture>();
-        const QStringList files = WriteStrainFiles(f->folder.path(), 3);
-        QVERIFY(ShowActive(f->program->mainWindow()));
-        for (const QString& path : files)
-            f->port.openAnswers.push_back(path.toStdString());
-        f->port.openAnswers.push_back(std::nullopt);
-        Click(f->program->mainWindow().CommandRelative());
-        RtvinWindow* rtvin = f->program->rtvinWindow();
-        QVERIFY(rtvin);
-        QVERIFY(ShowActive(*rtvin));
-        Click(rtvin->Command4());
-        out = rtvin->resultsWindow();
+        StartComparison(f, out);
         QVERIFY(out);
-        QVERIFY(ShowActive(*out));
         PrintRoute::setPdfOutput(f->path("printed.pdf"));
     }
     void cleanup() {
         PrintRoute::setPdfOutput(std::nullopt);
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
+        EndProgram(f);
         out = nullptr;
     }
 

@@ -27,16 +27,10 @@ class ResultsExportWindowTest : public QObject {
 
     template <class T>
     T* child(const char* name) const {
-        T* widget = results->findChild<T*>(name);
-        if (widget == nullptr)
-            qFatal("the results window has no %s named %s", T::staticMetaObject.className(), name);
-        return widget;
+        return NamedChild<T>(results, name, "the results window");
     }
 
-    QByteArray fileBytes(const QString& name) const {
-        QFile file(f->path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray fileBytes(const QString& name) const { return FileBytes(f->path(name)); }
 
     // The picture's expected size in pixels: the chart frame at one and a half times,
     // at 96 dots to the inch.

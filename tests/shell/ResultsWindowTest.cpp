@@ -33,10 +33,7 @@ class ResultsWindowTest : public QObject {
     // The control of the results window by its name; a missing one ends the test run.
     template <class T>
     T* child(const char* name) const {
-        T* widget = results->findChild<T*>(name);
-        if (widget == nullptr)
-            qFatal("the results window has no %s named %s", T::staticMetaObject.className(), name);
-        return widget;
+        return NamedChild<T>(results, name, "the results window");
     }
 
   private slots:

@@ -21,11 +21,14 @@
 #include <QComboBox>
 #include <QRadioButton>
 
+#include "RelativeTestSupport.h"
 #include "core/UserPort.h"
 #include "shell/MainWindow.h"
 #include "shell/OptionsDialog.h"
 #include "shell/Program.h"
 #include "shell/ResultsWindow.h"
+#include "shell/RtvinWindow.h"
+#include "shell/RtvoutWindow.h"
 #include "support/QtScriptedPort.h"
 
 namespace morvane::testing {
@@ -136,6 +139,45 @@ inline void StartResults(std::unique_ptr<ShellFixture>& f, ResultsWindow*& resul
     results = f->program->resultsWindow();
     QVERIFY(results);
     QVERIFY(ShowActive(*results));
+}
+
+// The start of a comparison window test: count strain files written into the test's
+// folder, opened in the comparison window and compared, the results window shown and
+// active. The paths of the files are given back.
+inline void StartComparison(std::unique_ptr<ShellFixture>& f, RtvoutWindow*& out,
+                            QStringList* paths = nullptr, int count = 3) {
+    f = std::make_unique<ShellFixture>();
+    const QStringList files = WriteStrainFiles(f->folder.path(), count);
+    if (paths != nullptr)
+        *paths = files;
+    QVERIFY(ShowActive(f->program->mainWindow()));
+    for (const QString& path : files)
+        f->port.openAnswers.push_back(path.toStdString());
+    f->port.openAnswers.push_back(std::nullopt);
+    Click(f->program->mainWindow().CommandRelative());
+    RtvinWindow* rtvin = f->program->rtvinWindow();
+    QVERIFY(rtvin);
+    QVERIFY(ShowActive(*rtvin));
+    Click(rtvin->Command4());
+    out = rtvin->resultsWindow();
+    QVERIFY(out);
+    QVERIFY(ShowActive(*out));
+}
+
+// The child of a window or panel by its type and object name; a missing one ends the
+// test run, naming what was looked in.
+template <class T>
+T* NamedChild(const QObject* parent, const char* name, const char* where) {
+    T* widget = parent->findChild<T*>(name);
+    if (widget == nullptr)
+        qFatal("%s has no %s named %s", where, T::staticMetaObject.className(), name);
+    return widget;
+}
+
+// The whole contents of a file, or nothing when it cannot be read.
+inline QByteArray FileBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 }  // namespace morvane::testing

@@ -76,10 +76,7 @@ class TablesLayoutTest : public QObject {
 
   private slots:
     void init() { f = std::make_unique<ShellFixture>(); }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void cleanup() { EndProgram(f); }
 
     void resultsTablesFillTheirWindowAndFollowItsSize() {
         ResultsWindow* results = calculate();

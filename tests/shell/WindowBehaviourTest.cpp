@@ -67,15 +67,8 @@ class WindowBehaviourTest : public QObject {
     }
 
   private slots:
-    void init() {
-        f = std::make_unique<ShellFixture>();
-        main = &f->program->mainWindow();
-        QVERIFY(ShowActive(*main));
-    }
-    void cleanup() {
-        QVERIFY2(f->port.failures.isEmpty(), qPrintable(f->port.failures.join("; ")));
-        f.reset();
-    }
+    void init() { StartProgram(f, main); }
+    void cleanup() { EndProgram(f); }
 
     // A change of query tab gives the focus to the box that stands on the other tab: the
     // percent box on "Calculate Response of any ...", the dose box on "Calculate any ...".
