@@ -290,7 +290,7 @@ TEST_F(ChartFigureTest, FourDecadesOfAShallowLineKeepTheCyclesOfTheSlope) {
     expectTextsApart(d);
 }
 
-// Fifteen cycles on a narrow plot: the Part blanks every other inner label and the
+// Fifteen cycles on a narrow plot: the chart blanks every other inner label and the
 // right end's; of the rest, those that would touch a neighbour are left out, never the
 // left end's.
 TEST_F(ChartFigureTest, CrowdedDoseLabelsAreLeftOutAndTheEndsStay) {
