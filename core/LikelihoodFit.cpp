@@ -214,13 +214,12 @@ std::string CheckLine(const std::vector<Group>& groups, int line) {
     return {};
 }
 
-// Starting values: for each line a weighted regression of the transformed adjusted
-// proportions on log dose, corrected for the starting natural response.
-std::vector<double> StartingValues(const std::vector<Group>& groups, const LikelihoodFit& fit) {
-    const int lines = fit.lineCount;
-    std::vector<double> start(fit.parameters.size(), 0.0);
-    std::vector<double> c0(lines, 0.0);
-    for (int line = 0; line < lines; ++line) {
+// The starting natural response of each line: from its controls when it has any,
+// otherwise half the lowest treated proportion; never above one half.
+std::vector<double> StartingNatural(const std::vector<Group>& groups, const LikelihoodFit& fit,
+                                    std::vector<double>& start) {
+    std::vector<double> c0(fit.lineCount, 0.0);
+    for (int line = 0; line < fit.lineCount; ++line) {
         if (fit.naturalIndex[line] < 0) {
             c0[line] = fit.fixedNatural[line];
             continue;
@@ -240,11 +239,24 @@ std::vector<double> StartingValues(const std::vector<Group>& groups, const Likel
         c0[line] = std::min(c0[line], 0.5);
         start[fit.naturalIndex[line]] = c0[line];
     }
-    struct Sums {
-        double w = 0, x = 0, z = 0, xx = 0, xz = 0;
-    };
-    std::vector<Sums> sums(lines);
-    Sums all;
+    return c0;
+}
+
+// Weighted sums of log dose and transformed proportion for one regression.
+struct RegressionSums {
+    double w = 0, x = 0, z = 0, xx = 0, xz = 0;
+};
+
+// The regression sums of each line, and of all lines together.
+struct StartingSums {
+    std::vector<RegressionSums> lines;
+    RegressionSums all;
+};
+
+StartingSums SumTreatedGroups(const std::vector<Group>& groups, const LikelihoodFit& fit,
+                              const std::vector<double>& c0) {
+    StartingSums sums;
+    sums.lines.resize(fit.lineCount);
     for (const Group& g : groups) {
         if (g.control || g.n <= 0)
             continue;
@@ -253,7 +265,7 @@ std::vector<double> StartingValues(const std::vector<Group>& groups, const Likel
         const double corrected =
             std::clamp((p - c) / (1 - c), 0.5 / (g.n + 1), 1 - 0.5 / (g.n + 1));
         const double z = Quantile(fit.model, corrected);
-        for (Sums* s : {&sums[g.line], &all}) {
+        for (RegressionSums* s : {&sums.lines[g.line], &sums.all}) {
             s->w += g.n;
             s->x += g.n * g.x;
             s->z += g.n * z;
@@ -261,20 +273,35 @@ std::vector<double> StartingValues(const std::vector<Group>& groups, const Likel
             s->xz += g.n * g.x * z;
         }
     }
-    auto slopeOf = [](const Sums& s) {
-        const double sxx = s.xx - s.x * s.x / s.w;
-        return sxx > 0 ? (s.xz - s.x * s.z / s.w) / sxx : 0.0;
-    };
+    return sums;
+}
+
+double RegressionSlope(const RegressionSums& s) {
+    const double sxx = s.xx - s.x * s.x / s.w;
+    return sxx > 0 ? (s.xz - s.x * s.z / s.w) / sxx : 0.0;
+}
+
+// The slopes of the lines averaged with their spread of log dose as weights.
+double PooledSlope(const std::vector<RegressionSums>& lines) {
     double commonSlope = 0, weight = 0;
-    for (const Sums& s : sums) {
+    for (const RegressionSums& s : lines) {
         const double sxx = s.xx - s.x * s.x / s.w;
-        commonSlope += slopeOf(s) * sxx;
+        commonSlope += RegressionSlope(s) * sxx;
         weight += sxx;
     }
-    commonSlope = weight > 0 ? commonSlope / weight : 0;
-    for (int line = 0; line < lines; ++line) {
-        const Sums& s = fit.sharing == LineSharing::Common ? all : sums[line];
-        double b = slopeOf(s);
+    return weight > 0 ? commonSlope / weight : 0;
+}
+
+// Starting values: for each line a weighted regression of the transformed adjusted
+// proportions on log dose, corrected for the starting natural response.
+std::vector<double> StartingValues(const std::vector<Group>& groups, const LikelihoodFit& fit) {
+    std::vector<double> start(fit.parameters.size(), 0.0);
+    const std::vector<double> c0 = StartingNatural(groups, fit, start);
+    const StartingSums sums = SumTreatedGroups(groups, fit, c0);
+    const double commonSlope = PooledSlope(sums.lines);
+    for (int line = 0; line < fit.lineCount; ++line) {
+        const RegressionSums& s = fit.sharing == LineSharing::Common ? sums.all : sums.lines[line];
+        double b = RegressionSlope(s);
         if (fit.sharing == LineSharing::CommonSlope)
             b = commonSlope;
         start[fit.slopeIndex[line]] = b;
@@ -311,73 +338,95 @@ LikelihoodFit Failed(LikelihoodFit fit, std::string message) {
     return fit;
 }
 
-// Fisher scoring with step halving from the starting values.
-LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
-                      const LikelihoodOptions& options) {
-    const Model model(groups, fit);
-    const int size = fit.parameterCount();
-    std::vector<double> theta = StartingValues(groups, fit);
-    Evaluation current = model.evaluate(theta, true);
-    if (!current.valid)
-        return Failed(std::move(fit),
-                      "The starting line of the maximum likelihood fit gives "
-                      "impossible probabilities: the line can't be fitted.");
+const char* const kSingularInformation =
+    "The information matrix is singular: the data can't determine the line "
+    "(one dose, or all responses alike).";
+
+// The scoring step: the inverse information times the score.
+std::vector<double> ScoringStep(const std::vector<double>& inverse,
+                                const std::vector<double>& score, int size) {
+    std::vector<double> step(size, 0.0);
+    for (int i = 0; i < size; ++i) {
+        for (int j = 0; j < size; ++j)
+            step[i] += inverse[i * size + j] * score[j];
+    }
+    return step;
+}
+
+// Halves the step until the likelihood at theta + step does not fall; the result is
+// not valid when no step up to 40 halvings does. candidate holds the last point tried.
+Evaluation HalveStep(const Model& model, const std::vector<double>& theta,
+                     const Evaluation& current, std::vector<double>& step,
+                     std::vector<double>& candidate) {
+    Evaluation next;
+    const std::size_t size = theta.size();
+    for (int halving = 0; halving <= 40; ++halving) {
+        for (std::size_t i = 0; i < size; ++i)
+            candidate[i] = theta[i] + step[i];
+        next = model.evaluate(candidate, false);
+        const double tolerance = 1e-12 * (std::fabs(current.logLikelihood) + 1);
+        if (next.valid && next.logLikelihood >= current.logLikelihood - tolerance)
+            break;
+        next.valid = false;
+        for (double& s : step)
+            s /= 2;
+    }
+    return next;
+}
+
+bool StepSettled(const std::vector<double>& step, const std::vector<double>& candidate) {
+    bool parametersSettled = true;
+    for (std::size_t i = 0; i < step.size(); ++i) {
+        if (std::fabs(step[i]) > 1e-10 * (std::fabs(candidate[i]) + 1e-6))
+            parametersSettled = false;
+    }
+    return parametersSettled;
+}
+
+// Where the scoring ended: the parameters, the model there, the iterations taken, and
+// a problem when the information matrix could not be inverted on the way.
+struct Scoring {
+    std::vector<double> theta;
+    Evaluation current;
+    int iterations = 0;
     bool settled = false;
-    int iteration = 0;
-    while (iteration < options.maxIterations && !settled) {
-        ++iteration;
-        std::vector<double> inverse = current.information;
-        if (!Invert(inverse, size))
-            return Failed(std::move(fit),
-                          "The information matrix is singular: the data can't determine "
-                          "the line (one dose, or all responses alike).");
-        std::vector<double> step(size, 0.0);
-        for (int i = 0; i < size; ++i) {
-            for (int j = 0; j < size; ++j)
-                step[i] += inverse[i * size + j] * current.score[j];
+    std::string problem;
+};
+
+Scoring Score(const Model& model, Scoring s, const LikelihoodOptions& options) {
+    const int size = static_cast<int>(s.theta.size());
+    while (s.iterations < options.maxIterations && !s.settled) {
+        ++s.iterations;
+        std::vector<double> inverse = s.current.information;
+        if (!Invert(inverse, size)) {
+            s.problem = kSingularInformation;
+            return s;
         }
-        Evaluation next;
+        std::vector<double> step = ScoringStep(inverse, s.current.score, size);
         std::vector<double> candidate(size);
-        for (int halving = 0; halving <= 40; ++halving) {
-            for (int i = 0; i < size; ++i)
-                candidate[i] = theta[i] + step[i];
-            next = model.evaluate(candidate, false);
-            const double tolerance = 1e-12 * (std::fabs(current.logLikelihood) + 1);
-            if (next.valid && next.logLikelihood >= current.logLikelihood - tolerance)
-                break;
-            next.valid = false;
-            for (double& s : step)
-                s /= 2;
-        }
+        const Evaluation next = HalveStep(model, s.theta, s.current, step, candidate);
         if (!next.valid)
             break;  // no step improves: taken as settled only by the tests below
-        bool parametersSettled = true;
-        for (int i = 0; i < size; ++i) {
-            if (std::fabs(step[i]) > 1e-10 * (std::fabs(candidate[i]) + 1e-6))
-                parametersSettled = false;
-        }
-        const bool likelihoodSettled = std::fabs(next.logLikelihood - current.logLikelihood) <=
+        const bool parametersSettled = StepSettled(step, candidate);
+        const bool likelihoodSettled = std::fabs(next.logLikelihood - s.current.logLikelihood) <=
                                        1e-13 * (std::fabs(next.logLikelihood) + 1);
-        theta = candidate;
-        current = model.evaluate(theta, true);
-        settled = parametersSettled && likelihoodSettled;
+        s.theta = candidate;
+        s.current = model.evaluate(s.theta, true);
+        s.settled = parametersSettled && likelihoodSettled;
     }
-    fit.iterations = iteration;
-    fit.parameters = theta;
-    if (!settled)
-        return Failed(std::move(fit), "The maximum likelihood fit did not converge in " +
-                                          std::to_string(iteration) +
-                                          " iterations: the line can't be fitted.");
-    std::vector<double> covariance = current.information;
+    return s;
+}
+
+// The covariance matrix from the information at the fit; false when the information
+// is singular or its inverse has values that are not finite.
+bool CovarianceOf(const std::vector<double>& information, int size,
+                  std::vector<double>& covariance) {
+    covariance = information;
     if (!Invert(covariance, size))
-        return Failed(std::move(fit),
-                      "The information matrix is singular: the data can't determine the line "
-                      "(one dose, or all responses alike).");
+        return false;
     for (double v : covariance) {
         if (!std::isfinite(v))
-            return Failed(std::move(fit),
-                          "The information matrix is singular: the data can't "
-                          "determine the line (one dose, or all responses alike).");
+            return false;
     }
     // The inverse of a symmetric matrix is symmetric; the rounding of the elimination
     // is evened out so that cov(i, j) and cov(j, i) are the same number.
@@ -387,15 +436,19 @@ LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
             covariance[i * size + j] = covariance[j * size + i] = mean;
         }
     }
-    fit.covariance = std::move(covariance);
-    fit.logLikelihood = current.logLikelihood + LogBinomialCoefficients(groups, fit);
+    return true;
+}
 
+// Pearson's chi-square of the fitted line, its degrees of freedom and, when there are
+// any, the heterogeneity test.
+void AddGoodnessOfFit(const std::vector<Group>& groups, const Model& model,
+                      const LikelihoodOptions& options, LikelihoodFit& fit) {
     double chi = 0;
     int counted = 0;
     for (const Group& g : groups) {
         if (g.n <= 0 || (g.control && fit.naturalIndex[g.line] < 0))
             continue;
-        const double p = model.probability(theta, g);
+        const double p = model.probability(fit.parameters, g);
         ++counted;
         const double expected = g.n * p * (1 - p);
         if (expected > 0)
@@ -403,14 +456,136 @@ LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
     }
     fit.chiSquare = chi;
     fit.groups = counted;
-    fit.degreesOfFreedom = counted - size;
+    fit.degreesOfFreedom = counted - fit.parameterCount();
     if (fit.degreesOfFreedom > 0) {
         fit.p = ChiSquareUpperTail(chi, fit.degreesOfFreedom);
         fit.h = chi / fit.degreesOfFreedom;
         fit.heterogeneous = fit.p < options.heterogeneity;
     }
+}
+
+// Fisher scoring with step halving from the starting values.
+LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
+                      const LikelihoodOptions& options) {
+    const Model model(groups, fit);
+    const int size = fit.parameterCount();
+    Scoring start;
+    start.theta = StartingValues(groups, fit);
+    start.current = model.evaluate(start.theta, true);
+    if (!start.current.valid)
+        return Failed(std::move(fit),
+                      "The starting line of the maximum likelihood fit gives "
+                      "impossible probabilities: the line can't be fitted.");
+    const Scoring end = Score(model, std::move(start), options);
+    if (!end.problem.empty())
+        return Failed(std::move(fit), end.problem);
+    fit.iterations = end.iterations;
+    fit.parameters = end.theta;
+    if (!end.settled)
+        return Failed(std::move(fit), "The maximum likelihood fit did not converge in " +
+                                          std::to_string(end.iterations) +
+                                          " iterations: the line can't be fitted.");
+    std::vector<double> covariance;
+    if (!CovarianceOf(end.current.information, size, covariance))
+        return Failed(std::move(fit), kSingularInformation);
+    fit.covariance = std::move(covariance);
+    fit.logLikelihood = end.current.logLikelihood + LogBinomialCoefficients(groups, fit);
+    AddGoodnessOfFit(groups, model, options, fit);
     fit.converged = true;
     return fit;
+}
+
+// Groups of the same line and dose are pooled; all controls of a line are one group.
+// Returns a problem when a group has counts the fit can't take.
+std::string PoolGroups(const std::vector<DoseGroup>& doseGroups, const std::vector<int>& lineOf,
+                       std::vector<Group>& groups) {
+    std::map<std::pair<int, double>, Group> pooled;
+    for (std::size_t k = 0; k < doseGroups.size(); ++k) {
+        const DoseGroup& d = doseGroups[k];
+        if (!(d.total >= 0 && d.responded >= 0 && d.responded <= d.total && d.dose >= 0) ||
+            !std::isfinite(d.total) || !std::isfinite(d.dose))
+            return "A group has counts the fit can't take: the responded must be from 0 "
+                   "to the number treated, and the dose 0 or more.";
+        const bool control = d.control || d.dose == 0;
+        Group& g = pooled[{lineOf[k], control ? -1.0 : d.dose}];
+        g.line = lineOf[k];
+        g.control = control;
+        g.dose = control ? 0 : d.dose;
+        g.x = g.control ? 0 : std::log10(d.dose);
+        g.n += d.total;
+        g.r += d.responded;
+    }
+    for (auto& [key, g] : pooled)
+        groups.push_back(g);
+    return {};
+}
+
+// The lines whose natural response is taken as 0: a single line always; with several
+// lines, those whose own fit takes it as 0.
+std::vector<bool> LinesWithNaturalAtZero(const std::vector<DoseGroup>& doseGroups,
+                                         const std::vector<int>& lineOf, int lineCount,
+                                         const LikelihoodOptions& options) {
+    std::vector<bool> atZero(lineCount, lineCount == 1);
+    if (lineCount > 1) {
+        for (int line = 0; line < lineCount; ++line) {
+            std::vector<DoseGroup> own;
+            for (std::size_t k = 0; k < doseGroups.size(); ++k) {
+                if (lineOf[k] == line)
+                    own.push_back(doseGroups[k]);
+            }
+            const LikelihoodFit single = FitLikelihoodLine(own, options);
+            atZero[line] = single.converged && single.naturalAtZero();
+        }
+    }
+    return atZero;
+}
+
+// Whether the likelihood of a single line rises as the natural response rises from 0,
+// in which case the fit at 0 does not stand.
+bool LikelihoodRisesFromZero(const std::vector<Group>& groups, const LikelihoodFit& refit,
+                             const LikelihoodOptions& options) {
+    double scoreAtZero = 0;
+    for (const Group& g : groups) {
+        if (g.control) {
+            scoreAtZero += g.r > 0 ? HUGE_VAL : -g.n;
+            continue;
+        }
+        const double f = Cdf(options.model, refit.intercept() + refit.slope() * g.x);
+        scoreAtZero += (g.r - g.n * f) / f;
+    }
+    return scoreAtZero > 0;
+}
+
+// Finney's rule: a natural response estimated below 0 is taken as 0. With several
+// lines, the lines whose own fit takes it as 0 keep 0 in the joint fit.
+LikelihoodFit RefitWithNaturalAtZero(const std::vector<DoseGroup>& doseGroups,
+                                     const std::vector<int>& lineOf,
+                                     const std::vector<Group>& groups, const LikelihoodFit& fit,
+                                     LineSharing sharing, const LikelihoodOptions& options) {
+    const int lineCount = fit.lineCount;
+    const std::vector<bool> atZero = LinesWithNaturalAtZero(doseGroups, lineOf, lineCount, options);
+    std::vector<bool> estimate(lineCount);
+    bool any = false;
+    for (int line = 0; line < lineCount; ++line) {
+        any = any || atZero[line];
+        estimate[line] = !atZero[line];
+    }
+    if (!any)
+        return fit;
+    LikelihoodFit refit = Iterate(groups, Layout(lineCount, sharing, options, estimate), options);
+    if (!refit.converged)
+        return fit.converged ? refit : fit;
+    for (int line = 0; line < lineCount; ++line) {
+        if (!atZero[line] && refit.natural(line) < 0)
+            return fit.converged ? refit : fit;
+    }
+    // The fit at 0 stands for a single line when the likelihood falls as the natural
+    // response rises from 0 (controls with no response, treated groups that ask for
+    // none).
+    if (lineCount == 1 && LikelihoodRisesFromZero(groups, refit, options))
+        return fit;
+    refit.zeroNatural = atZero;
+    return refit;
 }
 
 }  // namespace
@@ -441,27 +616,10 @@ LikelihoodFit FitLikelihoodLines(const std::vector<DoseGroup>& doseGroups,
         !(options.natural.value >= 0 && options.natural.value < 1))
         return Failed(std::move(layout),
                       "The natural response must be a proportion from 0 up to, not including, 1.");
-    // Groups of the same line and dose are pooled; all controls of a line are one group.
-    std::map<std::pair<int, double>, Group> pooled;
-    for (std::size_t k = 0; k < doseGroups.size(); ++k) {
-        const DoseGroup& d = doseGroups[k];
-        if (!(d.total >= 0 && d.responded >= 0 && d.responded <= d.total && d.dose >= 0) ||
-            !std::isfinite(d.total) || !std::isfinite(d.dose))
-            return Failed(std::move(layout),
-                          "A group has counts the fit can't take: the responded must be from 0 "
-                          "to the number treated, and the dose 0 or more.");
-        const bool control = d.control || d.dose == 0;
-        Group& g = pooled[{lineOf[k], control ? -1.0 : d.dose}];
-        g.line = lineOf[k];
-        g.control = control;
-        g.dose = control ? 0 : d.dose;
-        g.x = g.control ? 0 : std::log10(d.dose);
-        g.n += d.total;
-        g.r += d.responded;
-    }
     std::vector<Group> groups;
-    for (auto& [key, g] : pooled)
-        groups.push_back(g);
+    const std::string badCounts = PoolGroups(doseGroups, lineOf, groups);
+    if (!badCounts.empty())
+        return Failed(std::move(layout), badCounts);
     for (int line = 0; line < lineCount; ++line) {
         const std::string problem = CheckLine(groups, line);
         if (!problem.empty())
@@ -475,52 +633,7 @@ LikelihoodFit FitLikelihoodLines(const std::vector<DoseGroup>& doseGroups,
         belowZero = belowZero || fit.natural(line) < 0;
     if (!belowZero)
         return fit;
-    // Finney's rule: a natural response estimated below 0 is taken as 0. With several
-    // lines, the lines whose own fit takes it as 0 keep 0 in the joint fit.
-    std::vector<bool> atZero(lineCount, lineCount == 1);
-    if (lineCount > 1) {
-        for (int line = 0; line < lineCount; ++line) {
-            std::vector<DoseGroup> own;
-            for (std::size_t k = 0; k < doseGroups.size(); ++k) {
-                if (lineOf[k] == line)
-                    own.push_back(doseGroups[k]);
-            }
-            const LikelihoodFit single = FitLikelihoodLine(own, options);
-            atZero[line] = single.converged && single.naturalAtZero();
-        }
-    }
-    bool any = false;
-    for (int line = 0; line < lineCount; ++line) {
-        any = any || atZero[line];
-        estimate[line] = !atZero[line];
-    }
-    if (!any)
-        return fit;
-    LikelihoodFit refit = Iterate(groups, Layout(lineCount, sharing, options, estimate), options);
-    if (!refit.converged)
-        return fit.converged ? refit : fit;
-    for (int line = 0; line < lineCount; ++line) {
-        if (!atZero[line] && refit.natural(line) < 0)
-            return fit.converged ? refit : fit;
-    }
-    // The fit at 0 stands for a single line when the likelihood falls as the natural
-    // response rises from 0 (controls with no response, treated groups that ask for
-    // none).
-    if (lineCount == 1) {
-        double scoreAtZero = 0;
-        for (const Group& g : groups) {
-            if (g.control) {
-                scoreAtZero += g.r > 0 ? HUGE_VAL : -g.n;
-                continue;
-            }
-            const double f = Cdf(options.model, refit.intercept() + refit.slope() * g.x);
-            scoreAtZero += (g.r - g.n * f) / f;
-        }
-        if (scoreAtZero > 0)
-            return fit;
-    }
-    refit.zeroNatural = atZero;
-    return refit;
+    return RefitWithNaturalAtZero(doseGroups, lineOf, groups, fit, sharing, options);
 }
 
 LikelihoodFit FitLikelihoodLine(const std::vector<DoseGroup>& groups,
