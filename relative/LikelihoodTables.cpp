@@ -253,12 +253,11 @@ std::string LikelihoodText(const std::vector<LikelihoodLineReport>& lines,
     return out;
 }
 
-std::string LikelihoodJson(const std::vector<LikelihoodLineReport>& lines,
-                           const std::vector<LineComparison>& comparisons,
-                           const LikelihoodOptions& options) {
-    std::string out = "{\"model\": " + String(ModelTitle(options.model));
-    out += ", \"natural_response\": {\"setting\": ";
-    switch (options.natural.kind) {
+namespace {
+
+std::string NaturalJson(const NaturalResponse& natural) {
+    std::string out = "{\"setting\": ";
+    switch (natural.kind) {
         case NaturalResponse::Kind::None:
             out += "\"none\", \"value\": null}";
             break;
@@ -266,89 +265,126 @@ std::string LikelihoodJson(const std::vector<LikelihoodLineReport>& lines,
             out += "\"estimate\", \"value\": null}";
             break;
         case NaturalResponse::Kind::Fixed:
-            out += "\"fixed\", \"value\": " + Number(options.natural.value) + "}";
+            out += "\"fixed\", \"value\": " + Number(natural.value) + "}";
             break;
     }
+    return out;
+}
+
+// The names of the parameters of a line and their covariance matrix, row by row.
+std::string CovarianceJson(const LikelihoodFit& fit) {
+    std::string out = "{\"parameters\": [";
+    const char* names[] = {"intercept", "slope", "natural_response"};
+    for (int i = 0; i < fit.parameterCount(); ++i)
+        out += std::string(i > 0 ? ", " : "") + "\"" + names[i] + "\"";
+    out += "], \"matrix\": [";
+    for (int i = 0; i < fit.parameterCount(); ++i) {
+        out += i > 0 ? ", [" : "[";
+        for (int j = 0; j < fit.parameterCount(); ++j)
+            out += (j > 0 ? ", " : "") + Number(fit.cov(i, j));
+        out += "]";
+    }
+    return out + "]}";
+}
+
+std::string EstimatesJson(const std::vector<LikelihoodDose>& estimates) {
+    std::string out = "[";
+    for (std::size_t e = 0; e < estimates.size(); ++e) {
+        const LikelihoodDose& d = estimates[e];
+        out += e > 0 ? ", " : "";
+        out += "{\"percent\": " + Number(d.percent) + ", \"dose\": " + Number(d.dose) +
+               ", \"lower\": " + Optional(d.lower) + ", \"upper\": " + Optional(d.upper) +
+               ", \"log10_dose\": " + Number(d.logDose) + ", \"g\": " + Number(d.g) + "}";
+    }
+    return out + "]";
+}
+
+std::string LineJson(const LikelihoodLineReport& line) {
+    const LikelihoodFit& fit = line.fit;
+    std::string out = "{\"name\": " + String(line.name);
+    out += ", \"estimate_word\": " + String(line.estimateWord);
+    out += ", \"unit\": " + String(line.unitWord);
+    out += ", " + FitJson(fit);
+    out += ", \"intercept\": " + Number(fit.intercept());
+    out += ", \"intercept_se\": " + Number(fit.interceptError());
+    out += ", \"slope\": " + Number(fit.slope());
+    out += ", \"slope_se\": " + Number(fit.slopeError());
+    out += ", \"natural_response\": " + Number(fit.natural());
+    out += ", \"natural_response_se\": " +
+           (fit.naturalIndex[0] >= 0 ? Number(fit.naturalError()) : std::string("null"));
+    out += ", \"natural_response_at_zero\": " + Bool(fit.naturalAtZero());
+    out += ", \"covariance\": " + CovarianceJson(fit);
+    out += ", \"estimates\": " + EstimatesJson(line.estimates);
+    return out + "}";
+}
+
+// The ratios to the reference line at every percent, as one list.
+std::string RatiosJson(const std::vector<LineComparison>& comparisons) {
+    std::string out = "[";
+    bool first = true;
+    for (const LineComparison& at : comparisons) {
+        for (const LineRatio& ratio : at.ratios) {
+            out += first ? "" : ", ";
+            first = false;
+            out += "{\"percent\": " + Number(at.percent) +
+                   ", \"line\": " + std::to_string(ratio.line + 1) +
+                   ", \"ratio\": " + Number(ratio.ratio) + ", \"lower\": " + Number(ratio.lower) +
+                   ", \"upper\": " + Number(ratio.upper) +
+                   ", \"significant\": " + Bool(ratio.significant) + "}";
+        }
+    }
+    return out + "]";
+}
+
+std::string TestJson(const LikelihoodRatioTest& t) {
+    return "{\"chi_square\": " + Number(t.chiSquare) +
+           ", \"df\": " + std::to_string(t.degreesOfFreedom) + ", \"p\": " + Number(t.p) +
+           ", \"significant\": " + Bool(t.significant) + "}";
+}
+
+std::string PotenciesJson(const std::vector<RelativePotency>& potencies) {
+    std::string out = "[";
+    for (std::size_t r = 0; r < potencies.size(); ++r) {
+        const RelativePotency& p = potencies[r];
+        out += r > 0 ? ", " : "";
+        out += "{\"line\": " + std::to_string(p.line + 1) + ", \"potency\": " + Number(p.potency) +
+               ", \"lower\": " + Optional(p.lower) + ", \"upper\": " + Optional(p.upper) + "}";
+    }
+    return out + "]";
+}
+
+// The comparison of the lines; the tests and the potency are the same at every percent.
+std::string ComparisonJson(const std::vector<LineComparison>& comparisons) {
+    const LineComparison& c = comparisons.front();
+    std::string out = "{\"reference\": " + std::to_string(c.reference + 1);
+    out += ", \"ratios\": " + RatiosJson(comparisons);
+    out += ", \"parallelism\": " + TestJson(c.parallelism);
+    out += ", \"equality\": " + TestJson(c.equality);
+    out += ", \"parallel\": " + Bool(c.parallelLines);
+    out += ", \"common_slope\": {\"slope\": " + Number(c.parallel.slope()) +
+           ", \"slope_se\": " + Number(c.parallel.slopeError()) + ", " + FitJson(c.parallel) + "}";
+    out += ", \"relative_potency\": " + PotenciesJson(c.potencies);
+    return out + "}";
+}
+
+}  // namespace
+
+std::string LikelihoodJson(const std::vector<LikelihoodLineReport>& lines,
+                           const std::vector<LineComparison>& comparisons,
+                           const LikelihoodOptions& options) {
+    std::string out = "{\"model\": " + String(ModelTitle(options.model));
+    out += ", \"natural_response\": " + NaturalJson(options.natural);
     out += ", \"confidence\": " + Number(options.confidence);
     out += ", \"heterogeneity_level\": " + Number(options.heterogeneity);
     out += ", \"lines\": [";
     for (std::size_t k = 0; k < lines.size(); ++k) {
-        const LikelihoodLineReport& line = lines[k];
-        const LikelihoodFit& fit = line.fit;
         if (k > 0)
             out += ", ";
-        out += "{\"name\": " + String(line.name);
-        out += ", \"estimate_word\": " + String(line.estimateWord);
-        out += ", \"unit\": " + String(line.unitWord);
-        out += ", " + FitJson(fit);
-        out += ", \"intercept\": " + Number(fit.intercept());
-        out += ", \"intercept_se\": " + Number(fit.interceptError());
-        out += ", \"slope\": " + Number(fit.slope());
-        out += ", \"slope_se\": " + Number(fit.slopeError());
-        out += ", \"natural_response\": " + Number(fit.natural());
-        out += ", \"natural_response_se\": " +
-               (fit.naturalIndex[0] >= 0 ? Number(fit.naturalError()) : std::string("null"));
-        out += ", \"natural_response_at_zero\": " + Bool(fit.naturalAtZero());
-        out += ", \"covariance\": {\"parameters\": [";
-        const char* names[] = {"intercept", "slope", "natural_response"};
-        for (int i = 0; i < fit.parameterCount(); ++i)
-            out += std::string(i > 0 ? ", " : "") + "\"" + names[i] + "\"";
-        out += "], \"matrix\": [";
-        for (int i = 0; i < fit.parameterCount(); ++i) {
-            out += i > 0 ? ", [" : "[";
-            for (int j = 0; j < fit.parameterCount(); ++j)
-                out += (j > 0 ? ", " : "") + Number(fit.cov(i, j));
-            out += "]";
-        }
-        out += "]}, \"estimates\": [";
-        for (std::size_t e = 0; e < line.estimates.size(); ++e) {
-            const LikelihoodDose& d = line.estimates[e];
-            out += e > 0 ? ", " : "";
-            out += "{\"percent\": " + Number(d.percent) + ", \"dose\": " + Number(d.dose) +
-                   ", \"lower\": " + Optional(d.lower) + ", \"upper\": " + Optional(d.upper) +
-                   ", \"log10_dose\": " + Number(d.logDose) + ", \"g\": " + Number(d.g) + "}";
-        }
-        out += "]}";
+        out += LineJson(lines[k]);
     }
     out += "]";
-    if (!comparisons.empty()) {
-        const LineComparison& c = comparisons.front();
-        out += ", \"comparison\": {\"reference\": " + std::to_string(c.reference + 1);
-        out += ", \"ratios\": [";
-        bool first = true;
-        for (const LineComparison& at : comparisons) {
-            for (const LineRatio& ratio : at.ratios) {
-                out += first ? "" : ", ";
-                first = false;
-                out += "{\"percent\": " + Number(at.percent) +
-                       ", \"line\": " + std::to_string(ratio.line + 1) +
-                       ", \"ratio\": " + Number(ratio.ratio) +
-                       ", \"lower\": " + Number(ratio.lower) +
-                       ", \"upper\": " + Number(ratio.upper) +
-                       ", \"significant\": " + Bool(ratio.significant) + "}";
-            }
-        }
-        auto test = [](const LikelihoodRatioTest& t) {
-            return "{\"chi_square\": " + Number(t.chiSquare) +
-                   ", \"df\": " + std::to_string(t.degreesOfFreedom) + ", \"p\": " + Number(t.p) +
-                   ", \"significant\": " + Bool(t.significant) + "}";
-        };
-        out += "], \"parallelism\": " + test(c.parallelism);
-        out += ", \"equality\": " + test(c.equality);
-        out += ", \"parallel\": " + Bool(c.parallelLines);
-        out += ", \"common_slope\": {\"slope\": " + Number(c.parallel.slope()) +
-               ", \"slope_se\": " + Number(c.parallel.slopeError()) + ", " + FitJson(c.parallel) +
-               "}";
-        out += ", \"relative_potency\": [";
-        for (std::size_t r = 0; r < c.potencies.size(); ++r) {
-            const RelativePotency& p = c.potencies[r];
-            out += r > 0 ? ", " : "";
-            out += "{\"line\": " + std::to_string(p.line + 1) +
-                   ", \"potency\": " + Number(p.potency) + ", \"lower\": " + Optional(p.lower) +
-                   ", \"upper\": " + Optional(p.upper) + "}";
-        }
-        out += "]}";
-    }
+    if (!comparisons.empty())
+        out += ", \"comparison\": " + ComparisonJson(comparisons);
     return out + "}";
 }
 
