@@ -27,39 +27,49 @@ double WidestLegend(const MultiLineChart& chart, const FontMeasure& measure, con
     return widest;
 }
 
-// The frame, the labels of the three axes and their titles, the lines and the legend.
-void DrawLineChart(Drawing& d, const MultiLineChart& chart, const std::string& doseTitle,
-                   const LineChartPlacement& at, const FontMeasure& measure) {
+// The plot on the surface: the scale S, left edge L, top T, width W, height H and
+// bottom B.
+struct PlotBox {
+    double S, L, T, W, H, B;
+};
+
+PlotBox PlotBoxOf(const MultiLineChart& chart, const LineChartPlacement& at) {
     const double S = at.scale;
     const double L = at.left;
     const double T = at.top;
     const double W = chart.plotWidth() * S;
     const double H = chart.plotHeight() * S;
     const double B = T + H;
-    d.setPenWidth(1);
-    d.setPenStyle(PenStyle::Solid);
-    d.setFont(at.labels);
+    return {S, L, T, W, H, B};
+}
 
-    DrawPictureFrame(d, L, T, L + W, B);
-    auto printAt = [&d](double x, double y, const std::string& text) {
-        d.setCurrentPosition(x, y);
-        d.print(text);
-    };
-    // Dose labels under the plot, with a tick at each inner cycle boundary.
+void PrintAt(Drawing& d, double x, double y, const std::string& text) {
+    d.setCurrentPosition(x, y);
+    d.print(text);
+}
+
+// Dose labels under the plot, with a tick at each inner cycle boundary, then the
+// percent and probit labels at the sides.
+void DrawAxisLabels(Drawing& d, const MultiLineChart& chart, const LineChartPlacement& at,
+                    const PlotBox& box, const FontMeasure& measure) {
     for (const AxisLabel& label : chart.doseLabels()) {
-        const double x = label.x * S + L;
+        const double x = label.x * box.S + box.L;
         if (label.x > 0 && label.x < chart.plotWidth())
-            d.line(x, B, x, B - 100);
-        printAt(x - measure(label.caption, at.labels) / 2, B + 200, label.caption);
+            d.line(x, box.B, x, box.B - 100);
+        PrintAt(d, x - measure(label.caption, at.labels) / 2, box.B + 200, label.caption);
     }
     for (const AxisLabel& label : chart.percentLabels())
-        d.text(L - 450, label.y * S + T, label.caption, HorizontalAnchor::Left,
+        d.text(box.L - 450, label.y * box.S + box.T, label.caption, HorizontalAnchor::Left,
                VerticalAnchor::Middle);
     for (const AxisLabel& label : chart.probitLabels())
-        d.text(L + W + 150, label.y * S + T, label.caption, HorizontalAnchor::Left,
+        d.text(box.L + box.W + 150, label.y * box.S + box.T, label.caption, HorizontalAnchor::Left,
                VerticalAnchor::Middle);
+}
 
-    // The lines, numbers, drop lines and values of the plot, scaled.
+// The lines, numbers, drop lines and values of the plot, scaled.
+void DrawPlotContents(Drawing& d, const MultiLineChart& chart, const LineChartPlacement& at,
+                      const PlotBox& box) {
+    const double S = box.S, L = box.L, T = box.T;
     for (const DrawOp& op : chart.drawing().ops()) {
         if (const auto* line = std::get_if<draw::Line>(&op)) {
             double x1 = line->x1, y1 = line->y1, x2 = line->x2, y2 = line->y2;
@@ -79,14 +89,12 @@ void DrawLineChart(Drawing& d, const MultiLineChart& chart, const std::string& d
                    text->color);
         }
     }
-    d.setPenWidth(1);
-    d.setPenStyle(PenStyle::Solid);
+}
 
-    d.setFont(at.title);
-    printAt((L + W / 2) - measure(doseTitle, at.title) / 2, B + 800, doseTitle);
-
-    // The legend to the right of the plot: a sample of each line's pen, then its row.
-    const double R = L + W;
+// The legend to the right of the plot: a sample of each line's pen, then its row.
+void DrawLegend(Drawing& d, const MultiLineChart& chart, const LineChartPlacement& at,
+                const PlotBox& box) {
+    const double R = box.L + box.W;
     d.setFont(at.legend);
     for (std::size_t i = 0; i < chart.legend().size(); ++i) {
         const LegendRow& row = chart.legend()[i];
@@ -94,17 +102,39 @@ void DrawLineChart(Drawing& d, const MultiLineChart& chart, const std::string& d
         d.setPenStyle(row.style);
         d.line(R + 950, y + 150, R + 1700, y + 150, row.color);
         d.setPenStyle(PenStyle::Solid);
-        printAt(R + 1850, y, row.text);
+        PrintAt(d, R + 1850, y, row.text);
     }
+}
 
-    // The titles of the percent and probit axes, turned to read upward.
+// The titles of the percent and probit axes, turned to read upward.
+void DrawTurnedTitles(Drawing& d, const LineChartPlacement& at, const PlotBox& box) {
     TextFont turned = at.labels;
     turned.bold = true;
     d.setFont(turned);
-    d.text(L - 750, T + H / 2, kPercentAxisTitle, HorizontalAnchor::Centre, VerticalAnchor::Middle,
-           kBlack, 90);
-    d.text(L + W + 750, T + H / 2, kProbitAxisTitle, HorizontalAnchor::Centre,
+    d.text(box.L - 750, box.T + box.H / 2, kPercentAxisTitle, HorizontalAnchor::Centre,
            VerticalAnchor::Middle, kBlack, 90);
+    d.text(box.L + box.W + 750, box.T + box.H / 2, kProbitAxisTitle, HorizontalAnchor::Centre,
+           VerticalAnchor::Middle, kBlack, 90);
+}
+
+// The frame, the labels of the three axes and their titles, the lines and the legend.
+void DrawLineChart(Drawing& d, const MultiLineChart& chart, const std::string& doseTitle,
+                   const LineChartPlacement& at, const FontMeasure& measure) {
+    const PlotBox box = PlotBoxOf(chart, at);
+    d.setPenWidth(1);
+    d.setPenStyle(PenStyle::Solid);
+    d.setFont(at.labels);
+
+    DrawPictureFrame(d, box.L, box.T, box.L + box.W, box.B);
+    DrawAxisLabels(d, chart, at, box, measure);
+    DrawPlotContents(d, chart, at, box);
+    d.setPenWidth(1);
+    d.setPenStyle(PenStyle::Solid);
+
+    d.setFont(at.title);
+    PrintAt(d, (box.L + box.W / 2) - measure(doseTitle, at.title) / 2, box.B + 800, doseTitle);
+    DrawLegend(d, chart, at, box);
+    DrawTurnedTitles(d, at, box);
 }
 
 }  // namespace

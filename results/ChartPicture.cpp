@@ -75,75 +75,100 @@ void DrawChartLabels(Drawing& d, const LogProbitChart& chart, const ChartLabelPl
     printAt((at.surfaceWidth - width(doseAxisTitle)) / 2, B + at.titleBelow, doseAxisTitle);
 }
 
-Drawing ComposeChartPicture(const LogProbitChart& chart, const ChartLayout& layout,
-                            const std::string& doseAxisTitle, SharedRegisters& shared,
-                            const TextMeasurer& measurer) {
+namespace {
+
+// The plot in the picture: the scale S, left edge L, top T, width W, height H and
+// bottom B.
+struct PictureBox {
+    double S, L, T, W, H, B;
+};
+
+PictureBox PictureBoxOf(const ChartLayout& layout) {
     const double S = kPictureScale;
     const double L = kPictureLeft;
     const double T = kPictureTop;
     const double W = layout.Picture1.width * S;
     const double H = layout.Picture1.height * S;
     const double B = T + H;
+    return {S, L, T, W, H, B};
+}
 
-    Drawing d(layout.PictureFig.width * S, layout.PictureFig.height * S);
-    d.clear();
-    d.setPenWidth(1);
-    d.setFont(TextFont{"", kPictureFontPoints});
-
-    DrawPictureFrame(d, L, T, L + W, B);
-
-    auto printAt = [&d](double x, double y, const std::string& text) {
-        d.setCurrentPosition(x, y);
-        d.print(text);
-    };
-    DrawChartLabels(d, chart, {S, L, T, W, B, 100, 450, 700, d.width()}, doseAxisTitle,
-                    [&measurer](const std::string& text) { return measurer.textWidth(text); });
-
-    // The line, through the points of the range the chart shows.
+// The line, through the points of the range the chart shows.
+void DrawChartLine(Drawing& d, const LogProbitChart& chart, const PictureBox& at) {
     const auto points = PointsOf(chart.adjustRange() ? chart.Grid4() : chart.Grid3());
     for (std::size_t r = 1; r < points.size(); ++r) {
-        d.line(S * points[r - 1][0] + L, B - S * points[r - 1][1], S * points[r][0] + L,
-               B - S * points[r][1]);
+        d.line(at.S * points[r - 1][0] + at.L, at.B - at.S * points[r - 1][1],
+               at.S * points[r][0] + at.L, at.B - at.S * points[r][1]);
     }
+}
 
-    // Marks: drop lines from the left axis to the line and down to the dose axis,
-    // with the dose under them when estimates are shown. The percent beside the left
-    // axis that the screen shows is left out.
+// Marks: drop lines from the left axis to the line and down to the dose axis,
+// with the dose under them when estimates are shown. The percent beside the left
+// axis that the screen shows is left out.
+void DrawChartMarks(Drawing& d, const LogProbitChart& chart, const ChartLayout& layout,
+                    SharedRegisters& shared, const PictureBox& at) {
     const FitResult& fit = shared.fit;
     for (const std::string& mark : chart.marks()) {
         const double probit = NumberOf(shared.probit.PercentToProbit(mark));
         const double logDose = LineLogDose(probit, fit);
         const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
         const double y = ChartY(probit, layout.Picture1.height);
-        const double xm = x * S + L;
-        const double ym = B - S * y;
-        d.line(L, ym, xm, ym);
-        d.line(xm, ym, xm, B);
+        const double xm = x * at.S + at.L;
+        const double ym = at.B - at.S * y;
+        d.line(at.L, ym, xm, ym);
+        d.line(xm, ym, xm, at.B);
         if (chart.showEstimates()) {
             shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
             FormatEstimate(shared);
-            printAt(xm + 20, B - 350, shared.WorkText);
+            d.setCurrentPosition(xm + 20, at.B - 350);
+            d.print(shared.WorkText);
         }
     }
+}
 
-    if (chart.showPoints()) {
-        d.setPenWidth(3);
-        for (const auto& point : PointsOf(chart.Grid5()))
-            d.point(point[0] * S + L, B - S * point[1]);
-        d.setPenWidth(1);
-    }
+void DrawObservedPoints(Drawing& d, const LogProbitChart& chart, const PictureBox& at) {
+    d.setPenWidth(3);
+    for (const auto& point : PointsOf(chart.Grid5()))
+        d.point(point[0] * at.S + at.L, at.B - at.S * point[1]);
+    d.setPenWidth(1);
+}
 
-    // The two axis titles, each centred in its picture scaled by S and turned to
-    // read upward.
+// The two axis titles, each centred in its picture scaled by S and turned to
+// read upward.
+void DrawAxisTitles(Drawing& d, const ChartLayout& layout, const PictureBox& at) {
+    const double S = at.S;
     TextFont titleFont{"", 8.5 * S, true};
     d.setFont(titleFont);
     auto title = [&](double left, const LayoutRect& picture, const char* text) {
-        const double top = T + (H - picture.height * S) / 2;
+        const double top = at.T + (at.H - picture.height * S) / 2;
         d.text(left + picture.width * S / 2, top + picture.height * S / 2, text,
                HorizontalAnchor::Centre, VerticalAnchor::Middle, kBlack, 90);
     };
-    title(L - 1000, layout.Pictprcent, kPercentAxisTitle);
-    title(L + W + 650, layout.Pictprob, kProbitAxisTitle);
+    title(at.L - 1000, layout.Pictprcent, kPercentAxisTitle);
+    title(at.L + at.W + 650, layout.Pictprob, kProbitAxisTitle);
+}
+
+}  // namespace
+
+Drawing ComposeChartPicture(const LogProbitChart& chart, const ChartLayout& layout,
+                            const std::string& doseAxisTitle, SharedRegisters& shared,
+                            const TextMeasurer& measurer) {
+    const PictureBox at = PictureBoxOf(layout);
+    const double S = at.S;
+
+    Drawing d(layout.PictureFig.width * S, layout.PictureFig.height * S);
+    d.clear();
+    d.setPenWidth(1);
+    d.setFont(TextFont{"", kPictureFontPoints});
+
+    DrawPictureFrame(d, at.L, at.T, at.L + at.W, at.B);
+    DrawChartLabels(d, chart, {S, at.L, at.T, at.W, at.B, 100, 450, 700, d.width()}, doseAxisTitle,
+                    [&measurer](const std::string& text) { return measurer.textWidth(text); });
+    DrawChartLine(d, chart, at);
+    DrawChartMarks(d, chart, layout, shared, at);
+    if (chart.showPoints())
+        DrawObservedPoints(d, chart, at);
+    DrawAxisTitles(d, layout, at);
     return d;
 }
 

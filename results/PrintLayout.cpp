@@ -210,6 +210,83 @@ std::vector<Drawing> PrintTables(const LineResults& results, double pageWidth, d
     return pages.take();
 }
 
+namespace {
+
+// Where the chart goes on the page: the plot scaled by R to W by H, its left edge L,
+// top T and bottom B.
+struct PagePlace {
+    double R, W, H, L, T, B;
+};
+
+PagePlace PlaceOnPage(double plotWidth, double plotHeight, double pageWidth, double pageHeight) {
+    const double R = std::min((pageWidth - 3000) / plotWidth, (pageHeight - 3000) / plotHeight);
+    const double W = plotWidth * R;
+    const double H = plotHeight * R;
+    const double L = (pageWidth - W) / 2;
+    const double T = 1000;
+    const double B = T + H;
+    return {R, W, H, L, T, B};
+}
+
+double CoordinateOf(const TextTable& table, int r, int c) {
+    const std::string& cell = table.text(r, c);
+    return cell.empty() ? 0.0 : NumberOf(cell);
+}
+
+// The line, from the coordinate table of the range the chart shows.
+void PrintChartLine(Drawing& d, const LogProbitChart& chart, const PagePlace& at) {
+    const TextTable& points = chart.adjustRange() ? chart.Grid4() : chart.Grid3();
+    for (int r = 2; r < points.rows(); ++r) {
+        d.line(at.R * CoordinateOf(points, r - 1, pointcol::X) + at.L,
+               at.B - at.R * CoordinateOf(points, r - 1, pointcol::Y),
+               at.R * CoordinateOf(points, r, pointcol::X) + at.L,
+               at.B - at.R * CoordinateOf(points, r, pointcol::Y));
+    }
+}
+
+// Marks, without the percent at the left axis.
+void PrintChartMarks(Drawing& d, const LogProbitChart& chart, SharedRegisters& shared,
+                     double plotHeight, const PagePlace& at) {
+    const FitResult& fit = shared.fit;
+    for (const std::string& mark : chart.marks()) {
+        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
+        const double logDose = LineLogDose(probit, fit);
+        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
+        const double xm = x * at.R + at.L;
+        const double ym = at.B - at.R * ChartY(probit, plotHeight);
+        d.line(at.L, ym, xm, ym);
+        d.line(xm, ym, xm, at.B);
+        if (chart.showEstimates()) {
+            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
+            FormatEstimate(shared);
+            d.setCurrentPosition(xm + 20, at.B - 300);
+            d.print(shared.WorkText);
+        }
+    }
+}
+
+void PrintChartPoints(Drawing& d, const LogProbitChart& chart, const PagePlace& at) {
+    d.setPenWidth(10);
+    const TextTable& observed = chart.Grid5();
+    for (int r = 1; r < observed.rows(); ++r)
+        d.point(CoordinateOf(observed, r, pointcol::X) * at.R + at.L,
+                at.B - at.R * CoordinateOf(observed, r, pointcol::Y));
+}
+
+// The two axis titles at their size on the screen, turned to read upward.
+void PrintAxisTitles(Drawing& d, const ChartLayout& layout, const PagePlace& at) {
+    d.setFont(TextFont{"", 8.5, true});
+    auto title = [&](double left, const LayoutRect& picture, const char* text) {
+        const double top = at.T + (at.H - picture.height) / 2;
+        d.text(left + picture.width / 2, top + picture.height / 2, text, HorizontalAnchor::Centre,
+               VerticalAnchor::Middle, kBlack, 90);
+    };
+    title(at.L - 800, layout.Pictprcent, kPercentAxisTitle);
+    title(at.L + at.W + 500, layout.Pictprob, kProbitAxisTitle);
+}
+
+}  // namespace
+
 Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
                    const std::string& doseAxisTitle, SharedRegisters& shared, double pageWidth,
                    double pageHeight, const FontMeasure& measure) {
@@ -218,76 +295,24 @@ Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
     Drawing d(pageWidth, pageHeight);
     if (plotWidth <= 0 || plotHeight <= 0)
         return d;
-    const double R = std::min((pageWidth - 3000) / plotWidth, (pageHeight - 3000) / plotHeight);
-    const double W = plotWidth * R;
-    const double H = plotHeight * R;
-    const double L = (pageWidth - W) / 2;
-    const double T = 1000;
-    const double B = T + H;
+    const PagePlace at = PlaceOnPage(plotWidth, plotHeight, pageWidth, pageHeight);
 
     d.setPenWidth(2);
     const TextFont font{"", 9};
     d.setFont(font);
-    auto printAt = [&d](double x, double y, const std::string& text) {
-        d.setCurrentPosition(x, y);
-        d.print(text);
-    };
 
     // The frame: nine boxes, each a twip inside the one before.
     for (int i = 0; i < 9; ++i)
-        d.box(L + i, T + i, L + W - i, B - i);
+        d.box(at.L + i, at.T + i, at.L + at.W - i, at.B - i);
 
-    DrawChartLabels(d, chart, {R, L, T, W, B, 50, 350, 600, pageWidth}, doseAxisTitle,
-                    [&](const std::string& text) { return measure(text, font); });
-
-    // The line, from the coordinate table of the range the chart shows.
-    const TextTable& points = chart.adjustRange() ? chart.Grid4() : chart.Grid3();
-    auto coordinate = [](const TextTable& table, int r, int c) {
-        const std::string& cell = table.text(r, c);
-        return cell.empty() ? 0.0 : NumberOf(cell);
-    };
-    for (int r = 2; r < points.rows(); ++r) {
-        d.line(R * coordinate(points, r - 1, pointcol::X) + L,
-               B - R * coordinate(points, r - 1, pointcol::Y),
-               R * coordinate(points, r, pointcol::X) + L,
-               B - R * coordinate(points, r, pointcol::Y));
-    }
-
-    // Marks, without the percent at the left axis.
-    const FitResult& fit = shared.fit;
-    for (const std::string& mark : chart.marks()) {
-        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
-        const double logDose = LineLogDose(probit, fit);
-        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
-        const double xm = x * R + L;
-        const double ym = B - R * ChartY(probit, plotHeight);
-        d.line(L, ym, xm, ym);
-        d.line(xm, ym, xm, B);
-        if (chart.showEstimates()) {
-            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
-            FormatEstimate(shared);
-            printAt(xm + 20, B - 300, shared.WorkText);
-        }
-    }
-
-    if (chart.showPoints()) {
-        d.setPenWidth(10);
-        const TextTable& observed = chart.Grid5();
-        for (int r = 1; r < observed.rows(); ++r)
-            d.point(coordinate(observed, r, pointcol::X) * R + L,
-                    B - R * coordinate(observed, r, pointcol::Y));
-    }
+    DrawChartLabels(d, chart, {at.R, at.L, at.T, at.W, at.B, 50, 350, 600, pageWidth},
+                    doseAxisTitle, [&](const std::string& text) { return measure(text, font); });
+    PrintChartLine(d, chart, at);
+    PrintChartMarks(d, chart, shared, plotHeight, at);
+    if (chart.showPoints())
+        PrintChartPoints(d, chart, at);
     d.setPenWidth(1);
-
-    // The two axis titles at their size on the screen, turned to read upward.
-    d.setFont(TextFont{"", 8.5, true});
-    auto title = [&](double left, const LayoutRect& picture, const char* text) {
-        const double top = T + (H - picture.height) / 2;
-        d.text(left + picture.width / 2, top + picture.height / 2, text, HorizontalAnchor::Centre,
-               VerticalAnchor::Middle, kBlack, 90);
-    };
-    title(L - 800, layout.Pictprcent, kPercentAxisTitle);
-    title(L + W + 500, layout.Pictprob, kProbitAxisTitle);
+    PrintAxisTitles(d, layout, at);
     return d;
 }
 
