@@ -102,30 +102,6 @@ void DrawChartLine(Drawing& d, const LogProbitChart& chart, const PictureBox& at
     }
 }
 
-// Marks: drop lines from the left axis to the line and down to the dose axis,
-// with the dose under them when estimates are shown. The percent beside the left
-// axis that the screen shows is left out.
-void DrawChartMarks(Drawing& d, const LogProbitChart& chart, const ChartLayout& layout,
-                    SharedRegisters& shared, const PictureBox& at) {
-    const FitResult& fit = shared.fit;
-    for (const std::string& mark : chart.marks()) {
-        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
-        const double logDose = LineLogDose(probit, fit);
-        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
-        const double y = ChartY(probit, layout.Picture1.height);
-        const double xm = x * at.S + at.L;
-        const double ym = at.B - at.S * y;
-        d.line(at.L, ym, xm, ym);
-        d.line(xm, ym, xm, at.B);
-        if (chart.showEstimates()) {
-            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
-            FormatEstimate(shared);
-            d.setCurrentPosition(xm + 20, at.B - 350);
-            d.print(shared.WorkText);
-        }
-    }
-}
-
 void DrawObservedPoints(Drawing& d, const LogProbitChart& chart, const PictureBox& at) {
     d.setPenWidth(3);
     for (const auto& point : PointsOf(chart.Grid5()))
@@ -165,11 +141,31 @@ Drawing ComposeChartPicture(const LogProbitChart& chart, const ChartLayout& layo
     DrawChartLabels(d, chart, {S, at.L, at.T, at.W, at.B, 100, 450, 700, d.width()}, doseAxisTitle,
                     [&measurer](const std::string& text) { return measurer.textWidth(text); });
     DrawChartLine(d, chart, at);
-    DrawChartMarks(d, chart, layout, shared, at);
+    DrawChartMarks(d, chart, shared, {at.S, at.L, at.B, layout.Picture1.height, 350});
     if (chart.showPoints())
         DrawObservedPoints(d, chart, at);
     DrawAxisTitles(d, layout, at);
     return d;
+}
+
+void DrawChartMarks(Drawing& d, const LogProbitChart& chart, SharedRegisters& shared,
+                    const MarkPlaces& at) {
+    const FitResult& fit = shared.fit;
+    for (const std::string& mark : chart.marks()) {
+        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
+        const double logDose = LineLogDose(probit, fit);
+        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
+        const double xm = x * at.scale + at.left;
+        const double ym = at.bottom - at.scale * ChartY(probit, at.plotHeight);
+        d.line(at.left, ym, xm, ym);
+        d.line(xm, ym, xm, at.bottom);
+        if (chart.showEstimates()) {
+            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
+            FormatEstimate(shared);
+            d.setCurrentPosition(xm + 20, at.bottom - at.doseRise);
+            d.print(shared.WorkText);
+        }
+    }
 }
 
 }  // namespace morvane

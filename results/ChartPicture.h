@@ -52,6 +52,18 @@ struct ChartLabelPlaces {
 // The width of a text in the face the labels are drawn in.
 using TextWidth = std::function<double(const std::string& text)>;
 
+// Where the marks of a chart go on a drawing: the plot's scale, left edge and bottom,
+// its height in the chart's own units, and how far above the bottom the dose under a
+// mark stands.
+struct MarkPlaces {
+    double scale, left, bottom, plotHeight, doseRise;
+};
+// The marks: drop lines from the left axis to the line and down to the dose axis,
+// with the dose under them when estimates are shown. The percent beside the left axis
+// that the screen shows is left out. Used by the chart picture and the printed chart.
+void DrawChartMarks(Drawing& d, const LogProbitChart& chart, SharedRegisters& shared,
+                    const MarkPlaces& at);
+
 // The end labels, the ticks and dose labels, the percents, the probits and the title
 // of the dose axis, in the current font of the drawing.
 void DrawChartLabels(Drawing& d, const LogProbitChart& chart, const ChartLabelPlaces& at,

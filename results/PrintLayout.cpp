@@ -244,27 +244,6 @@ void PrintChartLine(Drawing& d, const LogProbitChart& chart, const PagePlace& at
     }
 }
 
-// Marks, without the percent at the left axis.
-void PrintChartMarks(Drawing& d, const LogProbitChart& chart, SharedRegisters& shared,
-                     double plotHeight, const PagePlace& at) {
-    const FitResult& fit = shared.fit;
-    for (const std::string& mark : chart.marks()) {
-        const double probit = NumberOf(shared.probit.PercentToProbit(mark));
-        const double logDose = LineLogDose(probit, fit);
-        const double x = (logDose - chart.LogOrigin() + chart.CycleShift()) * chart.CycleWidth();
-        const double xm = x * at.R + at.L;
-        const double ym = at.B - at.R * ChartY(probit, plotHeight);
-        d.line(at.L, ym, xm, ym);
-        d.line(xm, ym, xm, at.B);
-        if (chart.showEstimates()) {
-            shared.WorkValue = PowerOfTen(logDose) / fit.DoseScale;
-            FormatEstimate(shared);
-            d.setCurrentPosition(xm + 20, at.B - 300);
-            d.print(shared.WorkText);
-        }
-    }
-}
-
 void PrintChartPoints(Drawing& d, const LogProbitChart& chart, const PagePlace& at) {
     d.setPenWidth(10);
     const TextTable& observed = chart.Grid5();
@@ -308,7 +287,7 @@ Drawing PrintChart(const LogProbitChart& chart, const ChartLayout& layout,
     DrawChartLabels(d, chart, {at.R, at.L, at.T, at.W, at.B, 50, 350, 600, pageWidth},
                     doseAxisTitle, [&](const std::string& text) { return measure(text, font); });
     PrintChartLine(d, chart, at);
-    PrintChartMarks(d, chart, shared, plotHeight, at);
+    DrawChartMarks(d, chart, shared, {at.R, at.L, at.B, plotHeight, 300});
     if (chart.showPoints())
         PrintChartPoints(d, chart, at);
     d.setPenWidth(1);

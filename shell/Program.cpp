@@ -353,10 +353,6 @@ void Program::openPrediction() {
     prediction_->activateWindow();
 }
 
-void Program::laterVersion(const QString& what) {
-    port_.tell(what.toStdString() + " comes in a later version of Morvane.");
-}
-
 void Program::endProgram() {
     if (ended_)
         return;

@@ -112,8 +112,6 @@ class Program : public QObject, public DocumentObserver {
     void openPrediction();  // Command1: a fresh extrapolation window
     ReductionWindow* reductionWindow() const;
     PredictionWindow* predictionWindow() const;
-    // A button of a window that a later version brings: a plain message says so.
-    void laterVersion(const QString& what);
 
     // The results window is going: the input window takes its place and comes back.
     void returnToInput(const QWidget& from);
