@@ -6,20 +6,28 @@
 
 namespace morvane {
 
+// Drawn once for each usual screen scale, so that the icon stays sharp on a
+// high-density screen: Qt picks the pixmap whose device pixel ratio fits.
 QIcon FitColumnsIcon() {
-    QPixmap pixmap(22, 22);
-    pixmap.fill(Qt::transparent);
-    QPainter p(&pixmap);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(40, 60, 100), 1.6));
-    p.drawLine(3, 4, 3, 18);
-    p.drawLine(19, 4, 19, 18);
-    p.drawLine(6, 11, 16, 11);
-    p.drawLine(6, 11, 9, 8);
-    p.drawLine(6, 11, 9, 14);
-    p.drawLine(16, 11, 13, 8);
-    p.drawLine(16, 11, 13, 14);
-    return QIcon(pixmap);
+    QIcon icon;
+    for (int scale = 1; scale <= 3; ++scale) {
+        QPixmap pixmap(22 * scale, 22 * scale);
+        pixmap.setDevicePixelRatio(scale);
+        pixmap.fill(Qt::transparent);
+        QPainter p(&pixmap);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(QColor(40, 60, 100), 1.6));
+        p.drawLine(QLineF(3, 4, 3, 18));
+        p.drawLine(QLineF(19, 4, 19, 18));
+        p.drawLine(QLineF(6, 11, 16, 11));
+        p.drawLine(QLineF(6, 11, 9, 8));
+        p.drawLine(QLineF(6, 11, 9, 14));
+        p.drawLine(QLineF(16, 11, 13, 8));
+        p.drawLine(QLineF(16, 11, 13, 14));
+        p.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }
 
 void MakeBold(QLabel& label) {

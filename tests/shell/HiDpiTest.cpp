@@ -15,6 +15,7 @@
 #include "shell/MultiChartWidget.h"
 #include "shell/ResultsWindow.h"
 #include "shell/Twips.h"
+#include "shell/WidgetPieces.h"
 
 using namespace morvane;
 using namespace morvane::testing;
@@ -41,6 +42,17 @@ class HiDpiTest : public QObject {
         // The sample's line crosses the middle in full device pixels of its colour.
         const QImage image = sample.toImage();
         QCOMPARE(QColor(image.pixel(image.width() / 2, image.height() / 2)).red(), 200);
+    }
+
+    // The fit-columns button's icon is drawn at each usual ratio, not blown up from
+    // its 22 pixels: at ratio 2 it is a 44-pixel picture made for that ratio.
+    void theFitColumnsIconIsDrawnAtTheScreensRatio() {
+        const QIcon icon = FitColumnsIcon();
+        QCOMPARE(icon.availableSizes(),
+                 (QList<QSize>{QSize(22, 22), QSize(44, 44), QSize(66, 66)}));
+        const QPixmap sharp = icon.pixmap(QSize(22, 22), 2.0);
+        QCOMPARE(sharp.size(), QSize(44, 44));
+        QCOMPARE(sharp.devicePixelRatio(), 2.0);
     }
 
     // A slanted line of a drawing is smoothed: pixels beside it take shades between
