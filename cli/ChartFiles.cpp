@@ -16,10 +16,7 @@
 namespace morvane::cli {
 namespace {
 
-// The least size of the results windows, frame included, and the height of the
-// strip of their tabs, in twips.
-constexpr double kLeastWidth = 11700;
-constexpr double kLeastHeight = 8400;
+// The height of the strip of the results windows' tabs, in twips.
 constexpr double kTabStrip = 330;
 // The figure of the comparison's "Graph" tab in the window of the least size.
 constexpr double kComparisonFigureWidth = 8000;
@@ -64,7 +61,7 @@ bool WriteLineChart(const std::string& path, LineResults& results, SharedRegiste
         path,
         [&] {
             const ResultsLayout window =
-                ArrangeResults(kLeastWidth, kLeastHeight, kLeastWidth, kLeastHeight, kTabStrip);
+                ArrangeResults(MinFormWidth, MinFormHeight, MinFormWidth, MinFormHeight, kTabStrip);
             const ChartLayout layout = ArrangeChart(window.Tab1.width, window.Tab1.height);
             LogProbitChart chart(results.tables().Grid1, shared);
             chart.setPlotSize(layout.Picture1.width, layout.Picture1.height);

@@ -32,6 +32,11 @@ struct ResultsLayout {
     std::array<LayoutRect, 5> Buttons;
 };
 
+// The least size of the main windows, frame included, in twips: the desktop's
+// windows never get smaller, and the command line draws its pictures at this size.
+inline constexpr double MinFormWidth = 11700;
+inline constexpr double MinFormHeight = 8400;
+
 // The layout for a window of the given outer size. leastWidth and leastHeight are
 // the least size of the main windows; tabStripHeight is the height of the strip of
 // tab captions, which the pages lose.

@@ -24,6 +24,7 @@
 #include "core/UserPort.h"
 #include "document/ImportWorkbook.h"
 #include "document/LineDocument.h"
+#include "results/ResultsLayout.h"
 
 namespace morvane {
 
@@ -44,9 +45,6 @@ class RecentFiles;
 // rules give for a window count its borders and title bar.
 inline constexpr double kWindowFrameWidth = 120;
 inline constexpr double kWindowFrameHeight = 400;
-// The least size of the main windows, frame included.
-inline constexpr double MinFormWidth = 11700;
-inline constexpr double MinFormHeight = 8400;
 
 // Gives the window the place of another: maximised when that one is, else its place
 // and size. Does not show it.
