@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "core/BorderedMatrix.h"
 #include "core/Distributions.h"
 
 namespace morvane {
@@ -30,65 +31,34 @@ double Quantile(LinkModel model, double p) {
     return model == LinkModel::Probit ? NormalQuantile(p) : LogisticQuantile(p);
 }
 
-// Inverts the symmetric matrix in place by Gauss-Jordan elimination with partial
-// pivoting; false when it is singular.
-bool Invert(std::vector<double>& m, int size) {
-    std::vector<double> inv(static_cast<std::size_t>(size * size), 0.0);
-    for (int i = 0; i < size; ++i)
-        inv[i * size + i] = 1;
-    double scale = 0;
-    for (int i = 0; i < size; ++i)
-        scale = std::max(scale, std::fabs(m[i * size + i]));
-    if (!(scale > 0))
-        return false;
-    for (int col = 0; col < size; ++col) {
-        int pivot = col;
-        for (int row = col + 1; row < size; ++row) {
-            if (std::fabs(m[row * size + col]) > std::fabs(m[pivot * size + col]))
-                pivot = row;
-        }
-        if (!(std::fabs(m[pivot * size + col]) > 1e-13 * scale))
-            return false;
-        if (pivot != col) {
-            for (int k = 0; k < size; ++k) {
-                std::swap(m[pivot * size + k], m[col * size + k]);
-                std::swap(inv[pivot * size + k], inv[col * size + k]);
-            }
-        }
-        const double d = m[col * size + col];
-        for (int k = 0; k < size; ++k) {
-            m[col * size + k] /= d;
-            inv[col * size + k] /= d;
-        }
-        for (int row = 0; row < size; ++row) {
-            if (row == col)
-                continue;
-            const double f = m[row * size + col];
-            if (f == 0)
-                continue;
-            for (int k = 0; k < size; ++k) {
-                m[row * size + k] -= f * m[col * size + k];
-                inv[row * size + k] -= f * inv[col * size + k];
-            }
-        }
-    }
-    m = std::move(inv);
-    return true;
-}
-
 // The model at one set of parameters: the log-likelihood, and when asked the score
 // and the expected information.
 struct Evaluation {
     bool valid = false;  // every probability strictly inside its range
     double logLikelihood = 0;
     std::vector<double> score;
-    std::vector<double> information;
+    BorderedMatrix information;
 };
+
+// Where the parameters stand in the information matrix: each line's own intercept,
+// slope and natural response form its block; a common intercept or slope is shared.
+BorderedPlaces PlacesOf(const LikelihoodFit& layout) {
+    std::vector<int> owner(layout.parameters.size(), -1);
+    for (int line = 0; line < layout.lineCount; ++line) {
+        if (layout.sharing != LineSharing::Common)
+            owner[layout.interceptIndex[line]] = line;
+        if (layout.sharing == LineSharing::Separate)
+            owner[layout.slopeIndex[line]] = line;
+        if (layout.naturalIndex[line] >= 0)
+            owner[layout.naturalIndex[line]] = line;
+    }
+    return BorderedPlaces::Of(owner, layout.lineCount);
+}
 
 class Model {
   public:
     Model(std::vector<Group> groups, const LikelihoodFit& layout)
-        : groups_(std::move(groups)), layout_(layout) {}
+        : groups_(std::move(groups)), layout_(layout), places_(PlacesOf(layout)) {}
 
     const std::vector<Group>& groups() const { return groups_; }
 
@@ -111,7 +81,7 @@ class Model {
         Evaluation e;
         if (derivatives) {
             e.score.assign(size, 0.0);
-            e.information.assign(static_cast<std::size_t>(size * size), 0.0);
+            e.information = BorderedMatrix(places_);
         }
         for (const Group& g : groups_) {
             const int naturalIndex = layout_.naturalIndex[g.line];
@@ -154,7 +124,7 @@ class Model {
             for (int i = 0; i < count; ++i) {
                 e.score[index[i]] += residual * dp[i];
                 for (int j = 0; j < count; ++j)
-                    e.information[index[i] * size + index[j]] += g.n / v * dp[i] * dp[j];
+                    e.information.add(index[i], index[j], g.n / v * dp[i] * dp[j]);
             }
         }
         e.valid = true;
@@ -164,6 +134,7 @@ class Model {
   private:
     std::vector<Group> groups_;
     const LikelihoodFit& layout_;
+    BorderedPlaces places_;
 };
 
 // The log of the binomial coefficients, so that the log-likelihood is the full one.
@@ -342,17 +313,6 @@ const char* const kSingularInformation =
     "The information matrix is singular: the data can't determine the line "
     "(one dose, or all responses alike).";
 
-// The scoring step: the inverse information times the score.
-std::vector<double> ScoringStep(const std::vector<double>& inverse,
-                                const std::vector<double>& score, int size) {
-    std::vector<double> step(size, 0.0);
-    for (int i = 0; i < size; ++i) {
-        for (int j = 0; j < size; ++j)
-            step[i] += inverse[i * size + j] * score[j];
-    }
-    return step;
-}
-
 // Halves the step until the likelihood at theta + step does not fall; the result is
 // not valid when no step up to 40 halvings does. candidate holds the last point tried.
 Evaluation HalveStep(const Model& model, const std::vector<double>& theta,
@@ -397,12 +357,12 @@ Scoring Score(const Model& model, Scoring s, const LikelihoodOptions& options) {
     const int size = static_cast<int>(s.theta.size());
     while (s.iterations < options.maxIterations && !s.settled) {
         ++s.iterations;
-        std::vector<double> inverse = s.current.information;
-        if (!Invert(inverse, size)) {
+        BorderedInverse inverse;
+        if (!s.current.information.invert(inverse)) {
             s.problem = kSingularInformation;
             return s;
         }
-        std::vector<double> step = ScoringStep(inverse, s.current.score, size);
+        std::vector<double> step = inverse.times(s.current.score);
         std::vector<double> candidate(size);
         const Evaluation next = HalveStep(model, s.theta, s.current, step, candidate);
         if (!next.valid)
@@ -419,24 +379,8 @@ Scoring Score(const Model& model, Scoring s, const LikelihoodOptions& options) {
 
 // The covariance matrix from the information at the fit; false when the information
 // is singular or its inverse has values that are not finite.
-bool CovarianceOf(const std::vector<double>& information, int size,
-                  std::vector<double>& covariance) {
-    covariance = information;
-    if (!Invert(covariance, size))
-        return false;
-    for (double v : covariance) {
-        if (!std::isfinite(v))
-            return false;
-    }
-    // The inverse of a symmetric matrix is symmetric; the rounding of the elimination
-    // is evened out so that cov(i, j) and cov(j, i) are the same number.
-    for (int i = 0; i < size; ++i) {
-        for (int j = 0; j < i; ++j) {
-            const double mean = (covariance[i * size + j] + covariance[j * size + i]) / 2;
-            covariance[i * size + j] = covariance[j * size + i] = mean;
-        }
-    }
-    return true;
+bool CovarianceOf(const BorderedMatrix& information, BorderedInverse& covariance) {
+    return information.invert(covariance) && covariance.finite();
 }
 
 // Pearson's chi-square of the fitted line, its degrees of freedom and, when there are
@@ -468,7 +412,6 @@ void AddGoodnessOfFit(const std::vector<Group>& groups, const Model& model,
 LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
                       const LikelihoodOptions& options) {
     const Model model(groups, fit);
-    const int size = fit.parameterCount();
     Scoring start;
     start.theta = StartingValues(groups, fit);
     start.current = model.evaluate(start.theta, true);
@@ -485,8 +428,8 @@ LikelihoodFit Iterate(const std::vector<Group>& groups, LikelihoodFit fit,
         return Failed(std::move(fit), "The maximum likelihood fit did not converge in " +
                                           std::to_string(end.iterations) +
                                           " iterations: the line can't be fitted.");
-    std::vector<double> covariance;
-    if (!CovarianceOf(end.current.information, size, covariance))
+    BorderedInverse covariance;
+    if (!CovarianceOf(end.current.information, covariance))
         return Failed(std::move(fit), kSingularInformation);
     fit.covariance = std::move(covariance);
     fit.logLikelihood = end.current.logLikelihood + LogBinomialCoefficients(groups, fit);
@@ -590,6 +533,11 @@ LikelihoodFit RefitWithNaturalAtZero(const std::vector<DoseGroup>& doseGroups,
 
 }  // namespace
 
+double LikelihoodFit::cov(int i, int j) const {
+    // The inverse of a symmetric matrix is symmetric; the rounding of the elimination
+    // is evened out so that cov(i, j) and cov(j, i) are the same number.
+    return i == j ? covariance.at(i, i) : (covariance.at(i, j) + covariance.at(j, i)) / 2;
+}
 double LikelihoodFit::natural(int line) const {
     return naturalIndex[line] >= 0 ? parameters[naturalIndex[line]] : fixedNatural[line];
 }

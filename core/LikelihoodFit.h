@@ -18,6 +18,8 @@
 #include <string>
 #include <vector>
 
+#include "core/BorderedMatrix.h"
+
 namespace morvane {
 
 enum class LinkModel { Probit, Logit };
@@ -57,8 +59,9 @@ enum class LineSharing {
 
 // The fitted model. Parameters are ordered: the intercepts (one per line, or one),
 // the slopes (one per line, or one), then the natural responses that are estimated
-// (one per line). covariance is the inverse of the information matrix, square in
-// parameterCount, row by row; it is not multiplied by h.
+// (one per line). covariance is the inverse of the information matrix, kept by its
+// blocks (each line's own parameters, and the shared ones); it is not multiplied by h.
+// cov(i, j) reads it, the same number for (i, j) and (j, i).
 struct LikelihoodFit {
     bool converged = false;
     std::string message;  // why there is no fit, when converged is false
@@ -66,7 +69,7 @@ struct LikelihoodFit {
     int lineCount = 1;
     LineSharing sharing = LineSharing::Separate;
     std::vector<double> parameters;
-    std::vector<double> covariance;
+    BorderedInverse covariance;
     double logLikelihood = 0;
     double chiSquare = 0;  // Pearson's, over the groups of distinct doses
     int groups = 0;        // the pooled groups the chi-square sums over
@@ -86,7 +89,7 @@ struct LikelihoodFit {
     bool naturalAtZero(int line = 0) const { return zeroNatural[line]; }
 
     int parameterCount() const { return static_cast<int>(parameters.size()); }
-    double cov(int i, int j) const { return covariance[i * parameterCount() + j]; }
+    double cov(int i, int j) const;
     double intercept(int line = 0) const { return parameters[interceptIndex[line]]; }
     double slope(int line = 0) const { return parameters[slopeIndex[line]]; }
     double natural(int line = 0) const;
