@@ -19,21 +19,13 @@ namespace {
 
 using testing::CliResult;
 using testing::RunCli;
-using testing::TempFolder;
 using testing::WriteBytes;
 
-std::string Rotenone() {
-    return testing::RotenoneLineFile();
-}
-
-class ChartCliTest : public ::testing::Test {
+class ChartCliTest : public testing::CliTest {
   protected:
     ChartCliTest() {
-        WriteBytes(folder.file("rotenone.mrv"), Rotenone());
-        WriteBytes(folder.file("strainB.mrv"), Rotenone());
-    }
-    std::string bytes(const std::string& name) const {
-        return testing::ReadBytes(folder.file(name));
+        WriteBytes(folder.file("rotenone.mrv"), testing::RotenoneLineFile());
+        WriteBytes(folder.file("strainB.mrv"), testing::RotenoneLineFile());
     }
     // The width and height of a PNG file, from its header.
     std::pair<int, int> pngSize(const std::string& name) const {
@@ -58,7 +50,6 @@ class ChartCliTest : public ::testing::Test {
         const std::size_t from = at + attribute.size() + 3;
         return svg.substr(from, svg.find('"', from) - from);
     }
-    TempFolder folder;
 };
 
 TEST_F(ChartCliTest, ReportWritesTheChartBesideTheSameText) {

@@ -79,6 +79,9 @@ class CliTest : public ::testing::Test {
         expectRun({"--help"}, help, "", 0);
     }
 
+    // The bytes of a file in the folder.
+    std::string bytes(const std::string& name) const { return ReadBytes(folder.file(name)); }
+
     TempFolder folder;
 
   private:

@@ -16,18 +16,13 @@ namespace {
 
 using testing::CliResult;
 using testing::RunCli;
-using testing::TempFolder;
 using testing::WriteBytes;
 
-class ReportWorkbookCliTest : public ::testing::Test {
+class ReportWorkbookCliTest : public testing::CliTest {
   protected:
     ReportWorkbookCliTest() {
         WriteBytes(folder.file("rotenone.mrv"), testing::RotenoneLineFile());
     }
-    std::string bytes(const std::string& name) const {
-        return testing::ReadBytes(folder.file(name));
-    }
-    TempFolder folder;
 };
 
 TEST_F(ReportWorkbookCliTest, WorkbookIsWrittenBesideTheSameTablesText) {

@@ -19,6 +19,7 @@
 #include <QTest>
 #include <cstdio>
 
+#include "ScreenshotSupport.h"
 #include "ShellTestSupport.h"
 #include "shell/MainMenu.h"
 #include "shell/RecentFiles.h"
@@ -28,24 +29,6 @@ using namespace morvane;
 using namespace morvane::testing;
 
 namespace {
-
-bool Save(QWidget& window, const QString& path) {
-    QApplication::processEvents();
-    QTest::qWait(300);
-    const bool saved = window.grab().save(path);
-    std::printf("%s %s (%d x %d, ratio %.0f)\n", saved ? "wrote" : "could not write",
-                qPrintable(path), window.width(), window.height(), window.devicePixelRatioF());
-    return saved;
-}
-
-void EnterRow(MainWindow& main, const QString& dose, const QString& first, const QString& second) {
-    TypeInto(main.TextDose(), dose);
-    PressEnter(main.TextDose());
-    QTest::keyClicks(main.Text1input(), first);
-    PressEnter(main.Text1input());
-    QTest::keyClicks(main.Text2input(), second);
-    PressEnter(main.Text2input());
-}
 
 void TypeLine(ShellFixture& f, MainWindow& main) {
     NewLine(f, "ug");
@@ -90,7 +73,7 @@ int main(int argc, char** argv) {
     }
     main.refresh();
     if (suffix.isEmpty())
-        ok = Save(main, name("main-start")) && ok;
+        ok = SaveGrab(main, name("main-start")) && ok;
 
     TypeLine(f, main);
     f.port.saveAnswers.push_back(f.path("Malathion on Culex.mrv").toStdString());
@@ -98,7 +81,7 @@ int main(int argc, char** argv) {
     // A change after the save: the status bar and the title mark it.
     TypeInto(main.TextName(), "Malathion on Culex pipiens larvae, 24 h");
     main.Grid1()->setFocus();
-    ok = Save(main, name("main-default")) && ok;
+    ok = SaveGrab(main, name("main-default")) && ok;
 
     if (suffix.isEmpty()) {
         // The File menu open over the window, as the screen shows it.
@@ -119,7 +102,7 @@ int main(int argc, char** argv) {
     const QRect screen = main.screen()->availableGeometry();
     const QRect before = main.geometry();
     main.setGeometry(screen);
-    ok = Save(main, name("main-maximised")) && ok;
+    ok = SaveGrab(main, name("main-maximised")) && ok;
     main.setGeometry(before);
 
     // The results beside, at the device pixel ratio of 2 only: the plain pictures of the
@@ -132,9 +115,9 @@ int main(int argc, char** argv) {
             return 1;
         }
         ShowActive(*results);
-        ok = Save(*results, name("results-tables")) && ok;
+        ok = SaveGrab(*results, name("results-tables")) && ok;
         results->findChild<QTabWidget*>("Tab1")->setCurrentIndex(1);
-        ok = Save(*results, name("results-graph")) && ok;
+        ok = SaveGrab(*results, name("results-graph")) && ok;
     }
     if (!f.port.failures.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(f.port.failures.join("; ")));

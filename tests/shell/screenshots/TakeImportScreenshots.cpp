@@ -13,6 +13,7 @@
 #include <QTest>
 #include <cstdio>
 
+#include "ScreenshotSupport.h"
 #include "ShellTestSupport.h"
 #include "shell/ExcelOptionsDialog.h"
 #include "shell/MainWindow.h"
@@ -23,14 +24,6 @@ using namespace morvane;
 using namespace morvane::testing;
 
 namespace {
-
-bool Save(QWidget& window, const QString& path) {
-    QApplication::processEvents();
-    QTest::qWait(300);
-    const bool saved = window.grab().save(path);
-    std::printf("%s %s\n", saved ? "wrote" : "could not write", qPrintable(path));
-    return saved;
-}
 
 // A folder of data files to import, copied from the import test files.
 QString DataFolder(const QTemporaryDir& temp) {
@@ -61,7 +54,7 @@ class ScreenshotPort : public QtScriptedPort {
         window.resize(760, 440);
         window.move(120, 90);
         window.show();
-        saved = Save(window, picture);
+        saved = SaveGrab(window, picture);
         window.close();
         return (folder + "/greenhouse-2023.xls").toStdString();
     }
@@ -99,5 +92,5 @@ int main(int argc, char** argv) {
     excel->move(360, 240);
     excel->Combo2()->setCurrentIndex(1);
     Click(excel->Check1());
-    return Save(*excel, folder + "/import-sheet-options.png") ? 0 : 1;
+    return SaveGrab(*excel, folder + "/import-sheet-options.png") ? 0 : 1;
 }

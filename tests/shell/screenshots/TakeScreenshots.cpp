@@ -23,6 +23,7 @@
 #include <cstdio>
 
 #include "RelativeTestSupport.h"
+#include "ScreenshotSupport.h"
 #include "ShellTestSupport.h"
 #include "results/ChartPicture.h"
 #include "shell/MainWindow.h"
@@ -44,22 +45,8 @@ namespace {
 QString g_suffix;
 
 bool Save(QWidget& window, const QString& folder, QString name) {
-    QApplication::processEvents();
-    QTest::qWait(200);
     name.replace(".png", g_suffix + ".png");
-    const QString path = folder + "/" + name;
-    const bool saved = window.grab().save(path);
-    std::printf("%s %s\n", saved ? "wrote" : "could not write", qPrintable(path));
-    return saved;
-}
-
-void EnterRow(MainWindow& main, const QString& dose, const QString& first, const QString& second) {
-    TypeInto(main.TextDose(), dose);
-    PressEnter(main.TextDose());
-    QTest::keyClicks(main.Text1input(), first);
-    PressEnter(main.Text1input());
-    QTest::keyClicks(main.Text2input(), second);
-    PressEnter(main.Text2input());
+    return SaveGrab(window, folder + "/" + name);
 }
 
 // The two calculators: the guide and a formula of Reduction %, and both panels of the
